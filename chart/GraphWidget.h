@@ -12,6 +12,7 @@
 #include <set>
 #include <vector>
 
+template <class Widget>
 class CMvLocator;
 class CPrimitiveLink;
 class CRGraphArea;
@@ -304,7 +305,7 @@ public:
     int m_rangeEnd = -1;
     int m_nFreeSpacePositions = 30;
     bool m_bAutoZoomOut = false;
-    CMvLocator *m_pLocator = nullptr;
+    CMvLocator<CRGraphWidget> *m_pLocator = nullptr;
     int m_nSelectedArea = -1;
     bool m_bShowAreasBorder = false;
     int m_nSymbolNamesPos = 0;            // 0 left, 1 right, 2 top

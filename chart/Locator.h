@@ -4,16 +4,13 @@
 
 #include <QObject>
 
-class CRGraphWidget;
-
 // Holds the host's function that shows the locator's lines.
+template <class Widget>
 class CMvLocator : public QObject {
-    Q_OBJECT
-
 public:
     using ShowFunction = void (*)(mwiLocatorMessage *);
-    explicit CMvLocator(CRGraphWidget *widget) : m_pWidget(widget) {}
+    explicit CMvLocator(Widget *widget) : m_pWidget(widget) {}
 
-    CRGraphWidget *m_pWidget = nullptr;
+    Widget *m_pWidget = nullptr;
     ShowFunction m_pfnShowLocator = nullptr;
 };
