@@ -1,0 +1,208 @@
+// Frames, quotes and rebuilds of the module beside a bare painter and two plotting libraries.
+#include "bench/BenchHost.h"
+#include "bench/Contenders.h"
+#include "bench/Report.h"
+#include "bench/TextMeasurements.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QDialog>
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QTimer>
+#include <cstdio>
+#include <malloc.h>
+
+namespace {
+
+using Chart = BenchHost::Chart;
+
+// One whole frame: the window is told that it is stale, and paints at once.
+void frame(Chart &chart) {
+    BenchHost::instance().send(5011, toWord(chart.window), 0);
+    chart.window->repaint();
+}
+
+void moveMouse(Chart &chart, int step) {
+    const QPoint at(300 + step % 500, 200 + step % 200);
+    QMouseEvent event(QEvent::MouseMove, at, chart.window->mapToGlobal(at), Qt::NoButton, Qt::NoButton,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(chart.window, &event);
+}
+
+// Adding an indicator to a pane that has series asks for the layer; the preselected one is taken.
+void acceptDialogs() {
+    static QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [] {
+        if (auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget()))
+            dialog->accept();
+    });
+    timer.start(1);
+}
+
+struct Averages {
+    explicit Averages(const std::vector<corePointCandle> &bars, int count) {
+        for (int i = 0; i < count; ++i)
+            lines.push_back(makeAverage(bars, 5 + 4 * i));
+    }
+    std::vector<std::vector<ValuePoint>> lines;
+};
+
+template <class Body>
+void add(const std::string &name, int repetitions, Body body) {
+    benchmark::RegisterBenchmark(name.c_str(), [body](benchmark::State &state) { body(state); })
+        ->Repetitions(repetitions)
+        ->MinTime(0.05)
+        ->Unit(benchmark::kMillisecond);
+}
+
+void registerFrames() {
+    static const std::vector<corePointCandle> few = makeBars(10000), many = makeBars(1000000);
+    for (const auto *bars : {&few, &many}) {
+        for (int visible : {60, 500, 5000}) {
+            const std::string group = "frame, " + std::to_string(visible) + " candles of " +
+                                      (bars == &few ? "10 thousand" : "1 million");
+            add(group + "/floor", 7, [=](benchmark::State &state) {
+                const auto contender = makeFloor(*bars, visible);
+                for (auto _ : state)
+                    contender->frame();
+            });
+            add(group + "/velmar", 7, [=](benchmark::State &state) {
+                const auto chart = BenchHost::instance().makeChart(*bars, visible);
+                frame(*chart);
+                for (auto _ : state)
+                    frame(*chart);
+            });
+            add(group + "/qcustomplot", 7, [=](benchmark::State &state) {
+                const auto contender = makeQCustomPlot(*bars, visible);
+                for (auto _ : state)
+                    contender->frame();
+            });
+            add(group + "/qwt", 7, [=](benchmark::State &state) {
+                const auto contender = makeQwt(*bars, visible);
+                for (auto _ : state)
+                    contender->frame();
+            });
+        }
+    }
+
+    static const Averages ten(few, 10);
+    const std::string lines = "frame, 500 candles and 10 indicators";
+    add(lines + "/floor", 7, [](benchmark::State &state) {
+        const auto contender = makeFloor(few, 500, ten.lines);
+        for (auto _ : state)
+            contender->frame();
+    });
+    add(lines + "/velmar", 7, [](benchmark::State &state) {
+        const auto chart = BenchHost::instance().makeChart(few, 500);
+        for (const auto &line : ten.lines)
+            BenchHost::instance().addAverage(*chart, line);
+        BenchHost::instance().tick();
+        for (auto _ : state)
+            frame(*chart);
+    });
+    add(lines + "/qcustomplot", 7, [](benchmark::State &state) {
+        const auto contender = makeQCustomPlot(few, 500, ten.lines);
+        for (auto _ : state)
+            contender->frame();
+    });
+    add(lines + "/qwt", 7, [](benchmark::State &state) {
+        const auto contender = makeQwt(few, 500, ten.lines);
+        for (auto _ : state)
+            contender->frame();
+    });
+
+    const std::string mouse = "mouse move with the cross, 5000 candles and 3 indicators";
+    const auto crossed = [](benchmark::State &state, bool move) {
+        BenchHost &host = BenchHost::instance();
+        const auto chart = host.makeChart(few, 5000);
+        for (int i = 0; i < 3; ++i)
+            host.addAverage(*chart, ten.lines[i]);
+        host.setCross(true);
+        host.tick();
+        frame(*chart);
+        int step = 0;
+        for (auto _ : state) {
+            if (move)
+                moveMouse(*chart, ++step);
+            else
+                frame(*chart);
+        }
+        host.setCross(false);
+    };
+    add(mouse + "/floor", 7, [=](benchmark::State &state) { crossed(state, false); }); // the full frame
+    add(mouse + "/velmar", 7, [=](benchmark::State &state) { crossed(state, true); });
+}
+
+void registerData() {
+    static const std::vector<corePointCandle> few = makeBars(10000), many = makeBars(1000000);
+    add("quote of an existing bar/of 10 thousand", 5, [](benchmark::State &state) {
+        const auto chart = BenchHost::instance().makeChart(few, 500);
+        for (auto _ : state)
+            BenchHost::instance().quote(*chart, 0);
+    });
+    add("quote of an existing bar/of 1 million", 5, [](benchmark::State &state) {
+        const auto chart = BenchHost::instance().makeChart(many, 500);
+        for (auto _ : state)
+            BenchHost::instance().quote(*chart, 0);
+    });
+    // Kind 1 rebuilds the axis at once.
+    add("rebuild of a million positions/floor", 5, [](benchmark::State &state) {
+        std::vector<long> axis;
+        std::vector<int> positions;
+        for (auto _ : state) {
+            axis.clear();
+            positions.clear();
+            for (std::size_t i = 0; i < many.size(); ++i) {
+                axis.push_back(many[i].time);
+                positions.push_back(static_cast<int>(i));
+            }
+            benchmark::DoNotOptimize(axis.data());
+            benchmark::DoNotOptimize(positions.data());
+        }
+    });
+    add("rebuild of a million positions/velmar", 5, [](benchmark::State &state) {
+        const auto chart = BenchHost::instance().makeChart(many, 500);
+        for (auto _ : state)
+            BenchHost::instance().quote(*chart, 1);
+    });
+}
+
+void printCounts() {
+    const std::vector<corePointCandle> bars = makeBars(10000);
+    {
+        const auto chart = BenchHost::instance().makeChart(bars, 500);
+        frame(*chart);
+        const long calls = BenchHost::instance().calls(), texts = textMeasurements();
+        frame(*chart);
+        std::printf("# one frame of 500 candles: %ld host calls, %ld text measurements\n",
+                    BenchHost::instance().calls() - calls, textMeasurements() - texts);
+    }
+    const auto held = [](int count) {
+        const std::vector<corePointCandle> many = makeBars(count);
+        const auto chart = BenchHost::instance().makeChart(many, 500);
+        frame(*chart);
+        // The host's own copy of the bars is not the module's.
+        const struct mallinfo2 info = mallinfo2();
+        return double(info.uordblks) + double(info.hblkhd) -
+               2.0 * sizeof(corePointCandle) * (many.capacity() + 50000);
+    };
+    const int low = 200000, high = 1000000;
+    const double small = held(low), large = held(high);
+    std::printf("# bytes the module holds for a loaded bar: %.2f\n", (large - small) / (high - low));
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    QApplication app(argc, argv);
+    acceptDialogs();
+    benchmark::Initialize(&argc, argv);
+    registerFrames();
+    registerData();
+    Report report;
+    benchmark::RunSpecifiedBenchmarks(&report);
+    report.print();
+    printCounts();
+    return 0;
+}
