@@ -1,0 +1,24 @@
+#pragma once
+#include <QDialog>
+#include <QStringList>
+
+class QComboBox;
+class QLabel;
+class QPushButton;
+
+// Asks for the time frame of a report chart.
+class TimeFrameForm : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit TimeFrameForm(QWidget *parent = nullptr);
+    void SetItems(const QStringList &items, int current);
+    int CurrentIndex() const;
+    QComboBox *Combo() const { return m_combo; }
+
+private:
+    QLabel *m_label;
+    QComboBox *m_combo;
+    QPushButton *m_ok;
+    QPushButton *m_cancel;
+};
