@@ -1,0 +1,2 @@
+// The desk: a reference host for the chart module.
+int main() { return 0; }
