@@ -1,5 +1,6 @@
 #pragma once
 
+#include "chart/FrameCache.h"
 #include "chart/SimpleGuiWidget.h"
 #include "data/ScreenDataPoints.h"
 #include "module/HostRecords.h"
@@ -118,6 +119,14 @@ public:
     void RecomputeChartRect(); // m_chartRect from the sizes of widget, scroll bar and time scale
     int FrameCount() const { return m_nFrameCount; }
 
+    // ---- overlay (chart/GraphWidgetOverlay.cpp): the frame is painted apart from what follows the mouse ----
+    void PaintWindow(QPainter &painter); // the frame, or the kept picture of it, and the overlay over it
+    void DrawOverlay(QPainter &painter); // cross, rubber band; the last steps of a frame
+    bool HasOverlay() const;
+    void RepaintOverlay(); // repaint() where nothing but the overlay has changed
+    void HoldFrame();      // the frame as it is now stays under a scale drag
+    CRGraphLayer *ScaleDragLayer() const;
+
     // ---- zoom and scroll (chart/GraphWidgetZoom.cpp) ----
     void CreateScrollBar();
     void SetScrollbarValues(bool toEnd, bool force);
@@ -199,6 +208,8 @@ public:
     void CheckUnsubscribeIndicatorPrimitive(CRPrimitive *primitive);
 
 public slots:
+    void update();  // as QWidget's; the kept picture of the frame is stale from here on
+    void repaint();
     void OnBnClickedAddGraphMenu();
     void OnBnClickedSelectMenu();
     void OnBnClickedPropertiesMenu();
@@ -368,6 +379,11 @@ public:
     int m_nSaveAsDefaultItem = -1;
 
     std::vector<mwiLocatorMessageItem> m_locatorItems;
+
+    // overlay
+    FrameCache m_frameCache;
+    bool m_bOverlayApart = false;   // the frame is going into the cache, the overlay comes after it
+    bool m_bOverlayRepaint = false; // the running repaint changes nothing but the overlay
 
 private:
     void RebuildPositions(bool force);
