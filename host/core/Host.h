@@ -7,6 +7,8 @@
 #include <QByteArray>
 #include <QString>
 #include <memory>
+#include <set>
+#include <utility>
 #include <vector>
 
 struct mvDataPointArray;
@@ -93,6 +95,7 @@ private:
     Handle m_componentHandle;
     Handle m_moduleHandle = 0;
     Service *m_lastMaker = nullptr; // took the last 3008
+    std::set<std::pair<Handle, unsigned>> m_unknown; // reported once each
     void *m_library = nullptr;
     ReceiveFunction m_receive = nullptr;
     InitializeFunction m_initialize = nullptr;

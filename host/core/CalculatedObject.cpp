@@ -1,0 +1,20 @@
+#include "host/core/CalculatedObject.h"
+#include "module/HostRecords.h"
+#include "host/pages/Page.h"
+
+namespace desk {
+
+CalculatedObject::CalculatedObject(Service &maker, Handle interfaceHandle)
+    : m_maker(maker), m_interfaceHandle(interfaceHandle) {}
+
+CalculatedObject::~CalculatedObject() = default;
+
+std::vector<coreIndicatorLinks> CalculatedObject::links() const {
+    return {};
+}
+
+std::unique_ptr<Page> CalculatedObject::page() const {
+    return nullptr;
+}
+
+} // namespace desk

@@ -1,0 +1,7 @@
+#include "host/core/Front.h"
+
+namespace desk {
+
+Front::~Front() = default;
+
+} // namespace desk
