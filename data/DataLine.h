@@ -62,7 +62,7 @@ public:
     int GetReason2(int index) const { return longAt(REASON2, index); }
     int GetReason3(int index) const { return longAt(REASON3, index); }
     int GetReason4(int index) const { return longAt(REASON4, index); }
-    bool HasField(Field field) const { return m_fieldOffset[field] >= 0; }
+    bool HasField(Field field) const { return m_pArray && m_fieldOffset[field] >= 0; }
 
     // ---- points and fields ----
     mvDataPointArray *GetArray() const { return m_pArray; }
