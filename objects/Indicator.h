@@ -44,14 +44,12 @@ public:
     void RequestHLines();
     void SetLinks(const coreListIndicatorLinks &links);
     void RequestLinks();
-    void RequestLS();
     void UpdateData(coreCoreUpdateDpaData *data);
     QString GetName() const;
     QString GetTitle();
     void GetPrimitiveLinks(const CRGraphLayer *layer, std::vector<CPrimitiveLink> *out) const;
     void SortPrimitives(const coreListCreateData &list);
     bool NeedRebindPrimitiveLS(CRPrimitive *primitive) const;
-    void RebindPrimitiveLS(CRPrimitive *primitive);
 
     CRGraphWidget *m_widget = nullptr;
     void *m_handle = nullptr;
@@ -61,6 +59,31 @@ public:
     int m_findPos = -1; // where Contain found its last primitive
     bool m_isInstrument = false;
     int m_sourceIndex = -1;
+
+private:
+    bool StillShown() const;
+    void Append(CRPrimitive *primitive, int index, CRGraphLayer *layer);
+    QString TitleValueText(const CRPrimitive *primitive) const;
+};
+
+// The name of the line in the host's array; empty without an array.
+QString lineName(const CRPrimitive *primitive);
+
+// Gives a series its array and the name of the line. The host is not asked for display names.
+void bindLine(CRPrimitive *primitive, void *handle, mvDataPointArray *array);
+
+// The layer a series stands on, null when the window has no such layer any more.
+CRGraphLayer *shownLayer(const CRPrimitive *primitive);
+
+// Takes a series out of the lists of the layer it stands on.
+void leaveLayer(CRPrimitive *primitive);
+
+// The value part of a title: " (1.2346) " for a step of 0.0001; empty for a step that gives no decimals.
+QString titleValueText(double value, float step);
+
+// Indicators whose first line is an instrument come first; those without lines last.
+struct InstrFirst {
+    bool operator()(const CRIndicator *a, const CRIndicator *b) const;
 };
 
 // Exactly one line of the primitive's indicator lies in the primitive's pane.
