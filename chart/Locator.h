@@ -8,7 +8,7 @@
 template <class Widget>
 class CMvLocator : public QObject {
 public:
-    using ShowFunction = void (*)(mwiLocatorMessage *);
+    using ShowFunction = mwiLocatorFunction;
     explicit CMvLocator(Widget *widget) : m_pWidget(widget) {}
 
     Widget *m_pWidget = nullptr;

@@ -97,7 +97,9 @@ CToolBar::CToolBar(QWidget *parent) : QWidget(parent) {
 }
 
 CToolBar::~CToolBar() {
-    delete m_extension;
+    for (const CChildWidget &child : m_children)
+        child.widget->disconnect(this);
+    TakeBackExtension();
 }
 
 CToolButton *CToolBar::AddButton(const QPixmap &pixmap, const QString &text, const QObject *receiver,
