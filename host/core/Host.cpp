@@ -111,6 +111,7 @@ int Host::receive(Handle target, unsigned message, int wParam, int lParam) {
     bool known = false;
     const int result = dispatch(target, message, wParam, lParam, known);
     scope.end(result, known);
+    m_previousMessage = message;
     return result;
 }
 

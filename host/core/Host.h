@@ -46,6 +46,9 @@ public:
     // One message from the module; also the way for the desk's own tests.
     int receive(Handle target, unsigned message, int wParam, int lParam);
 
+    // The number of the message that the module sent before the present one, at the same depth.
+    unsigned previousMessage() const { return m_previousMessage; }
+
     Handle coreHandle() const { return m_coreHandle; }
     Handle componentHandle() const { return m_componentHandle; }
     Handle moduleHandle() const { return m_moduleHandle; }
@@ -96,6 +99,7 @@ private:
     Handle m_moduleHandle = 0;
     Service *m_lastMaker = nullptr; // took the last 3008
     std::set<std::pair<Handle, unsigned>> m_unknown; // reported once each
+    unsigned m_previousMessage = 0;
     void *m_library = nullptr;
     ReceiveFunction m_receive = nullptr;
     InitializeFunction m_initialize = nullptr;

@@ -1,0 +1,7 @@
+#include "host/core/WindowFront.h"
+
+namespace desk {
+
+WindowFront::~WindowFront() = default;
+
+} // namespace desk
