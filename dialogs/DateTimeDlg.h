@@ -2,6 +2,7 @@
 #include <QDate>
 #include <QDialog>
 #include <QTime>
+#include <memory>
 
 class QCheckBox;
 class QDateEdit;
@@ -29,7 +30,7 @@ public:
     const GraphModule::CFindDateData &GetData();
 
 private:
-    GraphModule::CFindDateData *m_data;
+    std::unique_ptr<GraphModule::CFindDateData> m_data;
     QDateEdit *m_date = nullptr;
     QTimeEdit *m_time = nullptr;
     QCheckBox *m_save = nullptr;

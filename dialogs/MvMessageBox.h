@@ -43,5 +43,7 @@ private:
     static int ShowMessage(QMessageBox::Icon icon, QWidget *parent, const QString &title, const QString &text,
                            Buttons buttons, Button defaultButton);
     static int ShowMessage(QMessageBox::Icon icon, QWidget *parent, const QString &title, const QString &text,
+                           int button0, int button1, int button2);
+    static int ShowMessage(QMessageBox::Icon icon, QWidget *parent, const QString &title, const QString &text,
                            const QStringList &buttonTexts, int defaultButton, int escapeButton);
 };

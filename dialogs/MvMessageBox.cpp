@@ -1,0 +1,73 @@
+#include "dialogs/MvMessageBox.h"
+#include "support/FontMetrics.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QRegExp>
+#include <algorithm>
+
+int CMvMessageBox::ShowMessage(QMessageBox::Icon icon, QWidget *parent, const QString &title,
+                               const QString &text, Buttons buttons, Button defaultButton) {
+    QMessageBox box(icon, title, text, buttons, parent);
+    box.setDefaultButton(defaultButton);
+    ResizeWidgets(box);
+    return box.exec();
+}
+
+// Buttons by their old numbers, each with the marks of the default and the escape button.
+int CMvMessageBox::ShowMessage(QMessageBox::Icon icon, QWidget *parent, const QString &title,
+                               const QString &text, int button0, int button1, int button2) {
+    QMessageBox box(title, text, icon, button0, button1, button2, parent);
+    ResizeWidgets(box);
+    return box.exec();
+}
+
+int CMvMessageBox::ShowMessage(QMessageBox::Icon icon, QWidget *parent, const QString &title,
+                               const QString &text, const QStringList &buttonTexts, int defaultButton,
+                               int escapeButton) {
+    QMessageBox box(icon, title, text, QMessageBox::NoButton, parent);
+    for (int i = 0; i < buttonTexts.size(); ++i) {
+        if (buttonTexts[i].isEmpty())
+            continue;
+        QPushButton *button = box.addButton(buttonTexts[i], QMessageBox::ActionRole);
+        if (i == defaultButton)
+            box.setDefaultButton(button);
+        if (i == escapeButton)
+            box.setEscapeButton(button);
+    }
+    ResizeWidgets(box);
+    return box.exec();
+}
+
+void CMvMessageBox::ResizeWidgets(QMessageBox &box) {
+    auto *label = box.findChild<QLabel *>("qt_msgbox_label");
+    if (!label)
+        return;
+    const CMvFontMetrics metrics(label->font());
+    int widest = 0;
+    for (const QString &line : label->text().split(QRegExp("(\n)|(<br>)")))
+        widest = std::max(widest, metrics.width(line));
+    label->setMinimumWidth(widest);
+}
+
+// The three forms of each kind of box.
+#define VELMAR_MESSAGE_BOX(name, icon)                                                                       \
+    int CMvMessageBox::name(QWidget *parent, const QString &title, const QString &text, Buttons buttons,     \
+                            Button defaultButton) {                                                          \
+        return ShowMessage(icon, parent, title, text, buttons, defaultButton);                               \
+    }                                                                                                        \
+    int CMvMessageBox::name(QWidget *parent, const QString &title, const QString &text, int button0,         \
+                            int button1, int button2) {                                                      \
+        return ShowMessage(icon, parent, title, text, button0, button1, button2);                            \
+    }                                                                                                        \
+    int CMvMessageBox::name(QWidget *parent, const QString &title, const QString &text,                      \
+                            const QString &button0Text, const QString &button1Text,                          \
+                            const QString &button2Text, int defaultButton, int escapeButton) {               \
+        return ShowMessage(icon, parent, title, text, QStringList{button0Text, button1Text, button2Text},    \
+                           defaultButton, escapeButton);                                                     \
+    }
+
+VELMAR_MESSAGE_BOX(critical, QMessageBox::Critical)
+VELMAR_MESSAGE_BOX(information, QMessageBox::Information)
+VELMAR_MESSAGE_BOX(question, QMessageBox::Question)
+VELMAR_MESSAGE_BOX(warning, QMessageBox::Warning)
