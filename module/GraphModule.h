@@ -67,8 +67,7 @@ public:
     void *GetInterfaceByName(const coreNameInterface *names) const;
     void *GetInterfaceByName(const char *interfaceName, const char *provider, const char *objectName) const;
     void *GetInterfaceByHandle(void *handle) const;
-    void *GetMainWindowInterface() const; // "MAINWINDOW" of "VELMAR", looked up at each call
-    QString GetUserPath() const;
+    QString GetUserPath();
     Interface::Core &GetCore() { return m_core; }
     Interface::Ls &GetLs() { return m_ls; }
 

@@ -16,7 +16,7 @@ namespace HostCalls {
 void *findInterface(const char *interfaceName, const char *provider, const char *object);
 std::vector<void *> findInterfaces(const char *interfaceName); // 3002, then 3001 for all of them
 coreNameInterface interfaceNames(void *interfaceHandle);
-QString providerName(void *interfaceHandle); // in the form that the text of 3012 allows
+QString providerName(void *interfaceHandle);
 void *interfaceOfObject(void *handle);
 void windowGoesAway(CRGraphWidget *widget);
 
@@ -25,7 +25,7 @@ void *createObject(coreDemandsIndicator &record); // null is a refusal
 void subscribe(void *handle, CRGraphWidget *widget);
 void unsubscribe(void *handle, CRGraphWidget *widget);
 int outputCount(void *handle);
-std::vector<mvDataPointArray *> outputArrays(void *handle, int room); // never null entries
+std::vector<mvDataPointArray *> outputArrays(void *handle, int room); // at most `room`; entries may be null
 int sourceCount(void *handle);                                        // 1 without an answer
 void handOverSources(void *handle, const std::vector<mvDataPointArray *> &sources);
 coreIndicatorIdentity identity(void *handle);

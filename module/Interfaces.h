@@ -5,7 +5,6 @@
 #include <vector>
 
 class CModule;
-class CRLineStudy;
 class CRPrimitive;
 
 namespace Interface {
@@ -31,7 +30,7 @@ public:
     int GetNumberOwnerLine(void *handle) const;
     const coreFullPathHandle *GetFullPathHandleDpa(void *handle) const; // overwritten by the next call
     int InsertTranslate(const char *context, char *id, char *text) const;
-    int AddLs(const CRLineStudy *study) const;
+    int AddLs(void *owner, mvDataPointArray *array, void *interfaceHandle, void *object) const;
     int DelLs(void *interfaceHandle, void *object) const;
     int DelSafeLs(void *interfaceHandle, void *object) const;
     int GetCountLs(const CRPrimitive *primitive) const;
@@ -48,7 +47,7 @@ public:
     const lsCreateObject *CreateObject(const char *name, const CRPrimitive *primitive, void *interfaceHandle) const;
     int DeleteObject(void *interfaceHandle, void *object) const;
     int GetName(void *interfaceHandle, void *object, char *ascii, QString &text) const;
-    int Focus(const CRLineStudy *study, unsigned int value) const;
+    int Focus(void *interfaceHandle, void *object, bool selected, unsigned int value) const;
     int GetCountControlPoint(void *interfaceHandle, void *object) const;
     int GetCountShape(void *interfaceHandle, void *object) const;
     int GetCountOutShape(void *interfaceHandle, void *object, lsSizeOutShape &sizes) const;
