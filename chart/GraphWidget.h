@@ -1,6 +1,7 @@
 #pragma once
 
 #include "chart/FrameCache.h"
+#include "chart/ScaleWidth.h"
 #include "chart/SimpleGuiWidget.h"
 #include "data/ScreenDataPoints.h"
 #include "module/HostRecords.h"
@@ -9,7 +10,9 @@
 
 #include <QColor>
 #include <QPoint>
+#include <QPointer>
 #include <QRect>
+#include <map>
 #include <set>
 #include <vector>
 
@@ -142,6 +145,8 @@ public:
     long GetCandlesLastTime() const;
 
     // ---- input (objects/GraphWidgetInput.cpp and neighbours) ----
+    QPoint CursorPos() const; // the mouse in widget pixels, also between its events
+    void RefreshPropertyPage(); // the members' values into the page, which is shown anew when it is open
     void ResetCursor();
     void SelectAllPrimitives(bool on);
     void SelectAllLS(bool on);
@@ -168,6 +173,8 @@ public:
     void *AddSecondaryPrimitive(const unsigned short *name, void *iface, CRPrimitive *base, void *handle);
     CRIndicator *AddIndicator(void *handle);
     CRIndicator *AddIndicator(CRIndicator &indicator); // appends a copy
+    bool HasIndicator(const CRIndicator *indicator) const;
+    int TotalPrimitiveCount() const; // of all indicators, hidden lines too
     void GetCurrentInstrumentList(std::vector<CRPrimitive *> *list);
     int FindSimilarPrimitives(const CRPrimitive *primitive, std::vector<CRPrimitive *> *out);
     int CountDpaByType(const QString &type) const;
@@ -304,9 +311,9 @@ public:
     CRTimeScale *m_pTimeScale = nullptr;
     bool m_bUpdatePrimitivePositions = false; // the next timer tick must rebuild positions
     bool m_loading = false;               // a workspace is being read: nothing is drawn or taken
-    CToolButton *m_pAddGraphButton = nullptr;
-    CToolButton *m_pSelectButton = nullptr;
-    CToolButton *m_pPropertiesButton = nullptr;
+    QPointer<CToolButton> m_pAddGraphButton; // null once the host has taken the tool bar's parent away
+    QPointer<CToolButton> m_pSelectButton;
+    QPointer<CToolButton> m_pPropertiesButton;
     QWidget *m_pSideWidget = nullptr;     // a narrow side widget; nothing makes one
     int m_nPrimitiveCount = 0;
     bool m_bHasData = false;              // some primitive has more than one data point
@@ -361,6 +368,8 @@ public:
     bool m_dblClickArmed = false;
     QPoint m_lastClick;
     bool m_pressHadSelection = false;
+    QPoint m_mousePos;                    // of the last event of the mouse over this window
+    bool m_bMouseOver = false;
 
     // adding
     bool m_chooseLayerOnAdd = false;
@@ -386,9 +395,37 @@ public:
     bool m_bOverlayRepaint = false; // the running repaint changes nothing but the overlay
 
 private:
+    // steps of adding and rebuilding
+    bool FinishIndicator(CRIndicator *indicator, bool subscribe, bool cleanLayers);
+    void AbandonIndicator(void *handle);
+    void RouteToSource(const QString &name, void *iface);
+    void AddFromCatalogue(unsigned category, QAction *action);
+    void AddQuickInstrument();
+    bool AddRebuiltLines(CRIndicator *indicator, CRGraphLayer *layer, const coreRebuildDpa &record,
+                         std::vector<mvDataPointArray *> current);
+    void ClosePicker();
     void RebuildPositions(bool force);
+    void AddFreePositions(const CRPrimitive *base);
     void CreateToolBarButtons();
+    void CreatePropertyPage();
     void CreatePropertyRows();
+    bool CanZoom();
+    void SetScreenPoints(int points);
+    void SetZoomSlider(int points);
+    void PressLeft(QMouseEvent *event);
+    void ReleaseLeft(QMouseEvent *event);
+    void FinishRange();
+    bool CloseAreaAt(QMouseEvent *event);
+    void NoteMouse(const QPoint &point);
+    void ClearStatusText(const QPoint &point);
+    bool HandleKey(int key, Qt::KeyboardModifiers modifiers);
+    bool DeleteIsRefused();
+    void TakePropertyRows();
+    void DrawPanes(QPainter &painter, bool lastOnly);
+    int ScaleTextMeasure(CRPrimitive *primitive, double value, bool bold) const;
+    double LargestValue(CRPrimitive *primitive);
+
+    std::map<const CRPrimitive *, RunningMaximum> m_maxima; // of all values, for the scale widths
 };
 
 QPixmap LoadModulePixmap(const QString &name); // from the compiled-in images

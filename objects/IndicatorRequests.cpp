@@ -3,6 +3,7 @@
 #include "chart/GraphLayer.h"
 #include "chart/GraphWidget.h"
 #include "module/HostCalls.h"
+#include "objects/OutputSeries.h"
 
 #include <QPointer>
 #include <algorithm>
@@ -47,7 +48,9 @@ void CRIndicator::RequestLinks() {
     const int count = HostCalls::linkCount(handle);
     if (!window || !StillShown())
         return;
-    std::vector<coreIndicatorLinks> links = HostCalls::links(handle, count);
+    std::vector<coreIndicatorLinks> links;
+    if (isListCount(count))
+        links = HostCalls::links(handle, count);
     if (window && StillShown())
         SetLinks({static_cast<int>(links.size()), links.data()});
 }
