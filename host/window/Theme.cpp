@@ -1,0 +1,89 @@
+#include "host/window/Theme.h"
+#include <QApplication>
+#include <QFile>
+#include <QPainter>
+#include <QPalette>
+#include <QPixmap>
+#include <QStyleFactory>
+#include <QSvgRenderer>
+
+namespace desk::theme {
+
+namespace {
+
+const QColor windowColour(0xf3, 0xf5, 0xf8);
+const QColor textColour(0x1f, 0x29, 0x33);
+const QColor faintColour(0x7b, 0x87, 0x94);
+const QColor lineColour(0xd8, 0xde, 0xe6);
+const QColor accentColour(0x1f, 0x6f, 0xeb);
+
+QPixmap tinted(const QByteArray &drawing, const QColor &colour, int side) {
+    QByteArray svg = drawing;
+    svg.replace("currentColor", colour.name().toLatin1());
+    QSvgRenderer renderer(svg);
+    QPixmap pixmap(side, side);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    renderer.render(&painter);
+    return pixmap;
+}
+
+} // namespace
+
+QColor accent() {
+    return accentColour;
+}
+
+QColor rise() {
+    return QColor(0x12, 0x8a, 0x4e);
+}
+
+QColor fall() {
+    return QColor(0xc9, 0x33, 0x3a);
+}
+
+QColor faint() {
+    return faintColour;
+}
+
+QIcon icon(const QString &name) {
+    QFile file(QStringLiteral(":/icons/%1.svg").arg(name));
+    if (!file.open(QIODevice::ReadOnly))
+        return QIcon();
+    const QByteArray drawing = file.readAll();
+    QIcon result;
+    for (const int side : {16, 20, 32, 40}) {
+        result.addPixmap(tinted(drawing, QColor(0x3e, 0x4c, 0x59), side), QIcon::Normal, QIcon::Off);
+        result.addPixmap(tinted(drawing, accentColour, side), QIcon::Normal, QIcon::On);
+        result.addPixmap(tinted(drawing, QColor(0xb6, 0xbf, 0xc9), side), QIcon::Disabled, QIcon::Off);
+        result.addPixmap(tinted(drawing, QColor(0x9d, 0xbd, 0xf0), side), QIcon::Disabled, QIcon::On);
+    }
+    return result;
+}
+
+void apply(QApplication &application) {
+    application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QPalette palette;
+    palette.setColor(QPalette::Window, windowColour);
+    palette.setColor(QPalette::WindowText, textColour);
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::AlternateBase, QColor(0xf8, 0xfa, 0xfc));
+    palette.setColor(QPalette::Text, textColour);
+    palette.setColor(QPalette::Button, Qt::white);
+    palette.setColor(QPalette::ButtonText, textColour);
+    palette.setColor(QPalette::ToolTipBase, Qt::white);
+    palette.setColor(QPalette::ToolTipText, textColour);
+    palette.setColor(QPalette::PlaceholderText, faintColour);
+    palette.setColor(QPalette::Highlight, accentColour);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, accentColour);
+    palette.setColor(QPalette::Mid, lineColour);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(0xa9, 0xb3, 0xbe));
+    application.setPalette(palette);
+    QFile sheet(QStringLiteral(":/desk.qss"));
+    if (sheet.open(QIODevice::ReadOnly))
+        application.setStyleSheet(QString::fromUtf8(sheet.readAll()));
+}
+
+} // namespace desk::theme
