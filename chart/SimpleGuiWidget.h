@@ -1,11 +1,12 @@
 #pragma once
 
 #include "dialogs/PropertyHead.h"
+#include "objects/ToolBar.h"
 
+#include <QPointer>
 #include <QWidget>
 
 class CModule;
-class CToolBar;
 struct PROPERTY_CHANGE;
 
 // Base of the chart window: a widget with a property page, a tool bar and its host handles.
@@ -24,13 +25,13 @@ public:
 
     void *ComponentHandle() const { return m_hComponent; }
     void *ParentHandle() const { return m_hParentHandle; }
-    CToolBar *ToolBar() const { return m_pToolBar; }
+    CToolBar *ToolBar() const { return m_pToolBar.data(); }
 
 protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
-    CToolBar *m_pToolBar = nullptr;
+    QPointer<CToolBar> m_pToolBar;   // null once the host has taken its parent away
     void *m_hComponent = nullptr;    // the host's main window, target of the window messages
     void *m_hParentHandle = nullptr; // this module's interface handle
     CModule *m_pModule = nullptr;

@@ -17,6 +17,8 @@ class CTextStatusBar;
 
 /// Ticks once a second from the moment the library is loaded.
 class CGraphTimer : public QObject {
+    Q_OBJECT
+
 public:
     explicit CGraphTimer(CRGraphModule *module);
     void EnsureStarted(); // for a library that was loaded ahead of the application
