@@ -4,14 +4,12 @@
 #include "chart/GraphArea.h"
 #include "chart/GraphLayer.h"
 #include "chart/GraphWidget.h"
-#include "dialogs/SelectPrimitiveWidget.h"
 #include "module/FindObject.h"
 #include "module/HostCalls.h"
 #include "support/Log.h"
 #include "support/Skin.h"
 
 #include <QBuffer>
-#include <QComboBox>
 #include <QMessageBox>
 
 namespace {
@@ -133,6 +131,7 @@ int CRGraphModule::MvWindowComponentAddMdpa(int wParam, int lParam) {
         EndedText<unsigned short, 255> symbol(item.instrument.m_szNameSymbol);
         EndedText<char, 255> type(item.instrument.m_szType);
         widget->m_additionRefused = false;
+        widget->m_chooseLayerOnAdd = false;
         widget->AddPrimaryPrimitive(symbol.text, type.text, item.instrument.m_periods, providerText, item.parameter,
                                     nullptr);
         if (GetGraphWidgetIndex(widget) < 0)
@@ -195,6 +194,7 @@ bool CRGraphModule::AddIndicatorItem(CRGraphWidget *widget, mvwcDpaItem &item) {
     if (GetGraphWidgetIndex(widget) < 0)
         return false;
     widget->m_additionRefused = false;
+    widget->m_chooseLayerOnAdd = false;
     if (!needsSource) {
         widget->AddSecondaryPrimitive(name.text, item.handle, nullptr, nullptr);
         return GetGraphWidgetIndex(widget) >= 0;
@@ -202,8 +202,7 @@ bool CRGraphModule::AddIndicatorItem(CRGraphWidget *widget, mvwcDpaItem &item) {
     widget->UpdatePrimitiveCount();
     if (GetGraphWidgetIndex(widget) < 0)
         return false;
-    if (widget->SourcePicker())
-        widget->SourcePicker()->Combo()->setCurrentIndex(-1);
+    widget->m_nSelectedArea = -1;
     if (widget->m_nPrimitiveCount < 1)
         return false;
     if (widget->m_nPrimitiveCount == 1)

@@ -2,7 +2,6 @@
 #include "chart/GraphWidget.h"
 
 #include "chart/GraphArea.h"
-#include "chart/GraphLayer.h"
 #include "module/HostCalls.h"
 #include "objects/DrawTypes.h"
 #include "objects/Indicator.h"
@@ -141,10 +140,4 @@ void CRGraphWidget::GetSingleInstrumentName(mvwcNameDataComponent *out) const {
         }
     fillField(out->name, name);
     out->end = 0;
-}
-
-void CRGraphWidget::UpdateAllTradeData() {
-    for (CRGraphArea *area : m_areas)
-        for (CRGraphLayer *layer : area->m_layers)
-            layer->UpdateTradeData();
 }
