@@ -63,6 +63,8 @@ public:
     int GetReason3(int index) const { return longAt(REASON3, index); }
     int GetReason4(int index) const { return longAt(REASON4, index); }
     bool HasField(Field field) const { return m_pArray && m_fieldOffset[field] >= 0; }
+    // Where the field lies in the first point, for walks over all points; null without data or field.
+    const unsigned char *FirstOf(Field field) const { return at(field, 0); }
 
     // ---- points and fields ----
     mvDataPointArray *GetArray() const { return m_pArray; }
