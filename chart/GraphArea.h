@@ -86,6 +86,10 @@ protected:
     void customEvent(QEvent *event) override;
 
 private:
+    void SelectUnder(QMouseEvent *event);
+    void UnselectDuplicates();
+    void ShapeCursor(const QPoint &point);
+    void ReadCross(CRGraphLayer *layer, const QPoint &point);
     void DrawPrompt(QPainter &painter, const QRect &pane);
     void DrawWatermark(QPainter &painter);
     void DrawSymbolImage(QPainter &painter);

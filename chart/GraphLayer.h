@@ -1,5 +1,6 @@
 #pragma once
 
+#include "chart/GraphLayerMapping.h"
 #include "chart/PrimitiveLink.h"
 
 #include <QObject>
@@ -29,8 +30,9 @@ public:
     CRGraphLayer(CRGraphArea *area, const QString &name);
     ~CRGraphLayer() override;
 
-    // ---- range and mapping (chart/GraphLayer.cpp) ----
+    // ---- range and mapping (chart/GraphLayerRange.cpp) ----
     void UpdatePaintProperties(const QRect &rect);
+    LayerMapping Mapping() const;
     int CalcY(float value) const;      // widget row
     double CalcPrice(int y) const;     // value at a widget row
     double GetValueByPoint(const QPoint &point) const; // 0.0 outside the plot
@@ -42,7 +44,7 @@ public:
     void RestoreMinMax();
     void InverseColor(QColor *color) const;
 
-    // ---- contents ----
+    // ---- contents (chart/GraphLayer.cpp) ----
     void UpdateData();                 // all three refreshes
     void Update();                     // only what is stale
     void UpdatePrimitivesData();
@@ -62,6 +64,7 @@ public:
     static bool PtInLine(const QRect &line, const QPoint &point, int tolerance);
     static bool PtInLine(const QPoint &a, const QPoint &b, const QPoint &point, int tolerance);
     static bool PtInRect(const QRect &rect, const QPoint &point, int tolerance);
+    // Sets the series' hover fields; while a tool tip is gathered a hit adds its text.
     bool IsPrimitiveUnderMouse(CRPrimitive *primitive, const QPoint &point);
     QString GetToolTipInfo(const QPoint &point);
 
@@ -73,6 +76,8 @@ public:
     void OnLMouseRelease(QMouseEvent *event);
     void DrawScaleDrag(QPainter &painter) const; // the bracket of a running scale drag
     QRect ScaleStrip(SCALE_TYPE type) const;
+    CRGraphLayer *ScaleOwner(SCALE_TYPE type) const; // the layer of the pane whose scale stands on a side
+    void FreeScaleEnds();
 
     CRGraphArea *m_pArea = nullptr;
     QString m_name;
@@ -112,4 +117,18 @@ public slots:
 
 protected:
     void customEvent(QEvent *event) override;
+
+private:
+    bool HasRange() const { return m_max != -FLT_MAX && m_min != FLT_MAX; }
+    void CollectRange();
+    void DrawScales(QPainter &painter);
+    void DrawAutoButton(SCALE_TYPE type, QPainter &painter);
+    void DrawWideCandles(struct PaintPass &pass);
+    void DrawLinks(struct PaintPass &pass) const;
+    void DrawLevels(struct PaintPass &pass, bool zero) const;
+    void DrawPrimitives(struct PaintPass &pass);
+    bool ShowsScale(SCALE_TYPE type) const;
+    void AddToolTip(const CRPrimitive *primitive, int dataIndex);
+
+    bool m_gatherToolTip = false;
 };

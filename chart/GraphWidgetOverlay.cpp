@@ -42,13 +42,15 @@ void CRGraphWidget::PaintWindow(QPainter &painter) {
         Draw(painter, true);
         return;
     }
-    if (!m_bOverlayRepaint || !m_frameCache.IsCurrent(size(), devicePixelRatioF()))
+    if (!m_bOverlayRepaint || !m_bDrawn || !m_frameCache.IsCurrent(size(), devicePixelRatioF()))
         HoldFrame();
     painter.drawImage(0, 0, m_frameCache.Picture());
     DrawOverlay(painter);
 }
 
 void CRGraphWidget::HoldFrame() {
+    if (ScaleDragLayer())
+        return;
     QPainter painter(&m_frameCache.Begin(size(), devicePixelRatioF()));
     painter.setRenderHint(QPainter::Qt4CompatiblePainting);
     painter.setBackground(palette().brush(backgroundRole()));

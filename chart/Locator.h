@@ -12,5 +12,5 @@ public:
     explicit CMvLocator(Widget *widget) : m_pWidget(widget) {}
 
     Widget *m_pWidget = nullptr;
-    ShowFunction m_pfnShowLocator = nullptr;
+    mwiLocatorFunction m_pfnShowLocator = nullptr;
 };

@@ -1,11 +1,12 @@
 #pragma once
 
+#include <QLabel>
 #include <QObject>
+#include <QPointer>
 
 class CRGraphLayer;
 class CRGraphModule;
 class CRGraphWidget;
-class QLabel;
 class QPoint;
 
 // Two labels in the host's status bar: the time and the price under the mouse.
@@ -20,9 +21,10 @@ public:
     void clearTextStatusBar();
 
     CRGraphModule *m_module = nullptr;
-    QLabel *m_timeLabel = nullptr;
-    QLabel *m_priceLabel = nullptr;
+    QPointer<QLabel> m_timeLabel; // the host's, which may take them away
+    QPointer<QLabel> m_priceLabel;
 
 private:
-    QLabel *RequestPane(unsigned message, int id, int width);
+    void RequestPanes(unsigned message);
+    QLabel *RequestPane(void *statusBar, unsigned message, int id, int width);
 };

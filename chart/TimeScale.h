@@ -3,10 +3,14 @@
 #include "chart/Primitive.h"
 #include "support/Fonts.h"
 
+#include <QPointer>
 #include <QRect>
 #include <QRgb>
+#include <QWidget>
 #include <vector>
 
+class CMvAutoscrollProperty;
+class CRGraphLayer;
 class CRGraphWidget;
 class QPainter;
 class QPoint;
@@ -53,10 +57,16 @@ public:
     int m_nBackgroundItem = -1;
     int m_nGridItem = -1;
     int m_nAutoScrollItem = -1;
-    class CMvAutoscrollProperty *m_pAutoScrollWidget = nullptr; // lives in the host's window
+    QPointer<QWidget> m_pAutoScrollWidget; // a CMvAutoscrollProperty; lives in the host's window
     bool m_bAutoScroll = true;
     int m_nAutoScrollPositions = 0;
     std::vector<long> m_times;
     std::vector<long> m_freeTimes; // emptied together with m_times
     std::vector<long> m_markTimes;
+
+private:
+    int PointPos(const QPoint &point, const CRGraphLayer *layer) const;
+    void DrawRows(QPainter &painter, const CRGraphLayer *layer, const QRect &span);
+    CMvAutoscrollProperty *AutoScrollWidget() const;
+    void SetAutoScrollState(bool on, int positions);
 };

@@ -1,0 +1,89 @@
+#include "chart/GraphArea.h"
+#include "chart/GraphLayer.h"
+#include "chart/GraphWidget.h"
+#include "chart/TimeScale.h"
+#include "chart/TimeText.h"
+#include "module/GraphModule.h"
+#include "support/FontMetrics.h"
+#include "support/Numbers.h"
+
+#include <QCursor>
+#include <QPainter>
+
+namespace {
+
+constexpr QRgb crossColor = 0x999999;
+constexpr int textGap = 4;
+
+// The layer whose plot holds a point: the first with something on it.
+const CRGraphLayer *findLayerByPoint(const std::vector<CRGraphArea *> &areas, const QPoint &point) {
+    for (const CRGraphArea *area : areas) {
+        if (!area->m_rect.contains(point))
+            continue;
+        for (const CRGraphLayer *layer : area->m_layers) {
+            if (!layer->m_primitives.empty() && layer->m_rect.contains(point))
+                return layer;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+// The position that the last event of the mouse told; before any, where the cursor is.
+QPoint CRGraphWidget::CursorPos() const {
+    return m_bMouseOver ? m_mousePos : mapFromGlobal(QCursor::pos());
+}
+
+// Keys can move the chart under a resting mouse: the read-out follows.
+void CRGraphWidget::UpdateCrossCursor() {
+    if (!m_module->IsCrossCursorMode() || m_overSplitter || !m_pTimeScale)
+        return;
+    const QPoint cursor = CursorPos();
+    const long time = m_pTimeScale->GetPointTime(cursor);
+    m_crossDateText = isAxisTime(time) ? timeText(time, "G0ddMMyyyyhhmmss") : QString();
+    const CRGraphLayer *layer = findLayerByPoint(m_areas, cursor);
+    m_crossPriceText =
+        layer ? QString::asprintf("%0.*f", decimalsOf(layer->m_tick), layer->CalcPrice(cursor.y())) : QString();
+}
+
+void CRGraphWidget::DrawCrossCursor(QPainter &painter) {
+    if (m_areas.empty()) {
+        setCursor(Qt::ArrowCursor);
+        return;
+    }
+    const QRect plot = m_chartRect.adjusted(m_nLeftScaleWidth, 0, -m_nRightScaleWidth, 0);
+    const QPoint cursor = CursorPos();
+    if (!plot.contains(cursor)) {
+        setCursor(Qt::ArrowCursor);
+        return;
+    }
+    ResetCursor();
+    const CRGraphArea::Properties &look = m_areas.front()->m_properties;
+    painter.setFont(look.font);
+    painter.setPen(QPen(QColor(crossColor), 1));
+    painter.setCompositionMode(QPainter::RasterOp_SourceXorDestination);
+    painter.drawLine(m_nLeftScaleWidth, cursor.y(), width() - m_nRightScaleWidth, cursor.y());
+    painter.drawLine(cursor.x(), m_chartRect.top(), cursor.x(), m_chartRect.bottom());
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter.setClipRect(rect());
+
+    const int height = textHeight(look.font);
+    if (!m_crossPriceText.isEmpty()) {
+        const bool onRight = m_nRightScaleWidth > 0;
+        const int top = m_nCrossY - height / 2 - 1;
+        const QRect box = onRight ? QRect(plot.right() + 1, top, m_nRightScaleWidth, height + 3)
+                                  : QRect(m_chartRect.left(), top, m_nLeftScaleWidth, height + 3);
+        painter.fillRect(box, m_crossColor);
+        painter.setPen(QColor(look.backgroundColor));
+        painter.drawText((onRight ? plot.right() : box.left()) + textGap, m_nCrossY + height / 2 - 2,
+                         m_crossPriceText);
+    }
+    if (!m_crossDateText.isEmpty() && m_pTimeScale) {
+        const int boxWidth = textWidth(look.font, m_crossDateText) + 2 * textGap;
+        const QRect box(cursor.x() - boxWidth / 2, m_pTimeScale->m_rect.bottom() - height - 2, boxWidth, height + 3);
+        painter.fillRect(box, m_crossColor);
+        painter.setPen(QColor(look.backgroundColor));
+        painter.drawText(box, Qt::AlignCenter, m_crossDateText);
+    }
+}

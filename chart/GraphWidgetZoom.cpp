@@ -1,0 +1,237 @@
+#include "chart/GraphWidget.h"
+
+#include "chart/Primitive.h"
+#include "chart/TimeScale.h"
+#include "chart/TimeScrollBar.h"
+#include "chart/ZoomModel.h"
+#include "module/GraphModule.h"
+#include "objects/Indicator.h"
+#include "support/Log.h"
+#include "support/LogTag.h"
+
+#include <QDateTime>
+#include <QSignalBlocker>
+#include <QSlider>
+#include <algorithm>
+
+namespace {
+
+// Series that auto scroll follows.
+bool leadsAutoScroll(const CRPrimitive &primitive) {
+    return primitive.m_type == PT_CLOSE_DOTS || (primitive.m_type >= PT_CLOSE_LINE && primitive.m_type <= PT_WIDE_CANDLE);
+}
+
+} // namespace
+
+void CRGraphWidget::CreateScrollBar() {
+    try {
+        m_pScrollBar = new CTimeScrollBar(this);
+        m_pScrollBar->Create();
+        m_pScrollBar->SetRBtnState(m_pTimeScale && m_pTimeScale->m_bAutoScroll);
+    } catch (...) {
+        logLine(logMsgModule, logError, "CRGraphWidget::CreateScrollBar: Can't create ScrollBar",
+                LOG_TAG("GraphWidget"));
+        m_pScrollBar = nullptr;
+        Terminate();
+    }
+}
+
+bool CRGraphWidget::CanZoom() {
+    if (m_nPrimitiveCount < 1 || !isVisible() || !m_bCurrent)
+        return false;
+    if (!m_pScrollBar)
+        CreateScrollBar();
+    return m_pScrollBar != nullptr;
+}
+
+// The range of the scroll bar for a number of visible positions. The value may be pushed by the new ends;
+// that is no scrolling of the user's, so nothing is announced.
+void CRGraphWidget::SetScreenPoints(int points) {
+    const QSignalBlocker quiet(m_pScrollBar);
+    m_pScrollBar->m_nScreenDataPoints = points;
+    m_pScrollBar->setRange(points, std::max(points, m_pTimeScale->GetTimeCount()));
+    m_pScrollBar->setPageStep(points);
+    m_pScrollBar->SetScrollBarValue(m_pScrollBar->value());
+}
+
+// Moves the host's slider; the change that comes back from it is not the user's.
+void CRGraphWidget::SetZoomSlider(int points) {
+    QSlider *slider = GetZoomSlider();
+    if (!slider || !isVisible() || !m_bCurrent)
+        return;
+    m_bZoomEcho = false;
+    slider->setValue(-points);
+}
+
+void CRGraphWidget::ZoomIn(bool) {
+    if (!CanZoom())
+        return;
+    SetScreenPoints(zoomedIn(m_pScrollBar->m_nScreenDataPoints, m_pTimeScale->GetTimeCount()));
+    m_bAutoZoomOut = false;
+    SetZoomSlider(m_pScrollBar->m_nScreenDataPoints);
+    UndoMilestone(GetModule()->tr("C0046ZoomIN"));
+    update();
+}
+
+void CRGraphWidget::ZoomOut(bool) {
+    if (!CanZoom())
+        return;
+    SetScreenPoints(zoomedOut(m_pScrollBar->m_nScreenDataPoints, m_pTimeScale->GetTimeCount()));
+    m_bAutoZoomOut = false;
+    SetZoomSlider(m_pScrollBar->m_nScreenDataPoints);
+    UndoMilestone(GetModule()->tr("C0047ZoomOut"));
+    update();
+}
+
+// The host's slider was moved, by the user or by ourselves.
+void CRGraphWidget::OnChangeZoom(int value) {
+    if (m_bSkipZoomEcho) {
+        m_bSkipZoomEcho = false;
+        return;
+    }
+    if (m_bZoomEcho)
+        m_bAutoZoomOut = false;
+    m_bZoomEcho = true;
+    ChangeZoom(value);
+}
+
+void CRGraphWidget::OnZoomSliderPressed() {
+    m_bZoomEcho = true; // what follows is the user's
+}
+
+void CRGraphWidget::ChangeZoom(int value) {
+    if (m_loading || !CanZoom())
+        return;
+    const int count = m_pTimeScale->GetTimeCount();
+    SetScreenPoints(wantedPoints(value, count));
+    if (QSlider *slider = GetZoomSlider()) {
+        const int most = m_pScrollBar->maximum();
+        const bool wasEmpty = slider->minimum() == 0;
+        slider->setMinimum(-most);
+        if (most != leastScreenPoints) {
+            slider->setMaximum(-leastScreenPoints);
+        } else if (wasEmpty) {
+            slider->setMaximum(1);
+            slider->setValue(1);
+        } else {
+            slider->setMaximum(0);
+        }
+    }
+    UndoMilestone(GetModule()->tr("Change zoom"));
+    update();
+}
+
+// After each rebuild of the positions.
+void CRGraphWidget::SetScrollbarValues(bool toEnd, bool force) {
+    if (!m_pScrollBar)
+        CreateScrollBar();
+    if (!m_pScrollBar)
+        return;
+    const bool first = m_bFirstScrollSetup || force;
+    m_bFirstScrollSetup = 0;
+    const int before = m_pScrollBar->GetScrollValue();
+    const int points =
+        pointsAfterRebuild(m_pScrollBar->m_nScreenDataPoints, first, m_nFreeSpacePositions, m_bAutoZoomOut);
+    SetScreenPoints(points);
+
+    const int count = m_pTimeScale->GetTimeCount();
+    QSlider *slider = GetZoomSlider();
+    if (slider && isVisible() && m_bCurrent) {
+        if (points > count)
+            slider->setMaximum(-points);
+        else
+            slider->setMinimum(-count);
+    }
+    {
+        const QSignalBlocker quiet(m_pScrollBar);
+        m_pScrollBar->SetValue(toEnd ? m_pScrollBar->maximum() : m_pScrollBar->value());
+    }
+    SetZoomSlider(points);
+    if (m_pScrollBar->GetScrollValue() != before)
+        update();
+}
+
+void CRGraphWidget::Scroll(int value) {
+    if (m_pScrollBar)
+        m_pScrollBar->SetValue(value);
+}
+
+// Auto scroll: keeps the last candle the set number of positions left of the right edge.
+void CRGraphWidget::MoveGraphics2Autopos() const {
+    if (!m_pTimeScale || !m_pTimeScale->m_bAutoScroll || !m_pScrollBar)
+        return;
+    if (m_sysTesterChart) {
+        m_pTimeScale->m_bAutoScroll = false;
+        return;
+    }
+    const int value = m_pScrollBar->GetScrollValue();
+    if (value == m_pScrollBar->maximum())
+        return;
+    for (const CRIndicator *indicator : m_indicators) {
+        for (const CRPrimitive *primitive : indicator->m_primitives) {
+            if (!primitive->m_bVisible || !leadsAutoScroll(*primitive))
+                continue;
+            const int last = primitive->GetLastSignedTimePos();
+            if (last >= value - m_pTimeScale->m_nAutoScrollPositions)
+                m_pScrollBar->SetValue(last + m_pTimeScale->m_nAutoScrollPositions + 1);
+            return;
+        }
+    }
+}
+
+// The time, one day later for every unit, and `count` units more for weeks, months and years.
+long CRGraphWidget::IncDate(int count, int dateType, long timeSec) const {
+    QDateTime time = QDateTime::fromSecsSinceEpoch(timeSec, Qt::UTC).addDays(1);
+    if (dateType == DT_WEEK)
+        time = time.addDays(count);
+    else if (dateType == DT_MONTH)
+        time = time.addMonths(count);
+    else if (dateType == DT_YEAR)
+        time = time.addYears(count);
+    return static_cast<long>(time.toSecsSinceEpoch());
+}
+
+bool CRGraphWidget::IsLastCandleOnScreen() const {
+    if (!m_pScrollBar)
+        return false;
+    const int value = m_pScrollBar->GetScrollValue();
+    for (const CRIndicator *indicator : m_indicators) {
+        for (const CRPrimitive *primitive : indicator->m_primitives) {
+            if (!primitive->m_bVisible || !leadsAutoScroll(*primitive))
+                continue;
+            const int last = primitive->GetLastSignedTimePos();
+            if (last >= 0 && last >= value - m_pScrollBar->m_nScreenDataPoints && last < value)
+                return true;
+        }
+    }
+    return false;
+}
+
+// The last time of all candle series; 0 when there is none.
+long CRGraphWidget::GetCandlesLastTime() const {
+    long latest = 0;
+    for (const CRIndicator *indicator : m_indicators) {
+        for (const CRPrimitive *primitive : indicator->m_primitives) {
+            if (leadsAutoScroll(*primitive))
+                latest = std::max(latest, primitive->GetTime(primitive->GetDataPointCount() - 1));
+        }
+    }
+    return latest;
+}
+
+void CRGraphWidget::SetAutoScroll(bool on) {
+    if (m_pTimeScale)
+        m_pTimeScale->m_bAutoScroll = on;
+    if (m_pScrollBar) {
+        m_pScrollBar->SetAutoScroll(on);
+        m_pScrollBar->SetRBtnState(on);
+    }
+}
+
+void CRGraphWidget::OnBnClickedZoomIn() {
+    ZoomIn(true);
+}
+
+void CRGraphWidget::OnBnClickedZoomOut() {
+    ZoomOut(true);
+}

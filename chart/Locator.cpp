@@ -1,0 +1,142 @@
+#include "chart/Locator.h"
+
+#include "chart/GraphArea.h"
+#include "chart/GraphLayer.h"
+#include "chart/GraphWidget.h"
+#include "chart/Primitive.h"
+#include "chart/TimeScale.h"
+#include "chart/TimeText.h"
+#include "support/FontMetrics.h"
+#include "support/Numbers.h"
+
+#include <QColor>
+#include <QPainter>
+
+namespace {
+
+mwiLocatorMessageItem locatorItem(const QString &text, QRgb color, int fontSize) {
+    mwiLocatorMessageItem item;
+    fillField(item.text, text);
+    item.text[std::size(item.text) - 1] = 0;
+    item.color = color;
+    item.fontSize = static_cast<Word>(fontSize);
+    return item;
+}
+
+// The fields of a point that the locator names: the field that gives the name, and that of the value.
+struct NamedField {
+    int name;
+    int value;
+};
+
+std::vector<NamedField> namedFields(PRIMITIVE_TYPES type) {
+    switch (type) {
+    case PT_CANDLE:
+    case PT_BAR:
+    case PT_WIDE_CANDLE:
+        return {{1, 1}, {2, 2}, {3, 3}, {4, 4}};
+    case PT_CLOSE_DOTS:
+    case PT_CLOSE_LINE:
+        return {{4, 4}};
+    case PT_LINE:
+    case PT_HISTOGRAM:
+    case PT_TICK_LINE:
+    case PT_DOTS:
+        return {{1, 1}};
+    case PT_MARKS:
+        return {{0, 1}, {1, 2}}; // labelled one field lower than the others
+    default:
+        return {};
+    }
+}
+
+QString primitiveText(const CRPrimitive &primitive, int dataIndex) {
+    QString text = primitive.m_name;
+    const mvDataPointArray *array = primitive.GetArray();
+    if (!array || !array->fields)
+        return text;
+    const int decimals = decimalsOf(primitive.m_fPoint);
+    const char *separator = ":\n ";
+    for (const NamedField &field : namedFields(primitive.m_type)) {
+        if (field.name >= array->fieldCount || field.value >= array->fieldCount)
+            break;
+        const double value = primitive.ValueByName(fieldText(array->fields[field.value].name), dataIndex);
+        text += QLatin1String(separator) + fieldText(array->fields[field.name].name) + QLatin1Char('=') +
+                QString::asprintf("%0.*f", decimals, value);
+        separator = "\n ";
+    }
+    return text;
+}
+
+// One read-out as a line of text; `x` moves on by its width.
+void drawReadOut(QPainter &painter, const QRect &rect, int &x, const QFont &font, QString text, QRgb color) {
+    text.remove(QLatin1Char('\n'));
+    const int width = textWidth(font, text);
+    painter.setFont(font);
+    painter.setPen(QColor(color));
+    painter.drawText(QRect(x, rect.top(), width, rect.height()), Qt::AlignLeft | Qt::AlignVCenter, text);
+    x += width;
+}
+
+} // namespace
+
+void CRGraphWidget::FormLocatorMessage() {
+    m_locatorItems.clear();
+    const QPoint cursor = CursorPos();
+    if (m_pTimeScale)
+        m_pTimeScale->FormLocatorMessage(&m_locatorItems, cursor);
+    for (const CRGraphArea *area : m_areas)
+        area->FormLocatorMessage(&m_locatorItems, cursor);
+}
+
+void CRGraphWidget::ShowLocator() {
+    if (!m_pLocator || !m_pLocator->m_pfnShowLocator || !m_chartRect.contains(CursorPos()))
+        return;
+    FormLocatorMessage();
+    mwiLocatorMessage message;
+    message.count = static_cast<int>(m_locatorItems.size());
+    message.items = m_locatorItems.data();
+    message.background = m_backgroundColor;
+    m_pLocator->m_pfnShowLocator(&message);
+}
+
+void CRTimeScale::FormLocatorMessage(std::vector<mwiLocatorMessageItem> *items, const QPoint &cursor) const {
+    const long time = GetPointTime(cursor);
+    if (isAxisTime(time))
+        items->push_back(locatorItem(timeText(time, "G0ddMMyyyyhhmmss"), m_fontColor, m_font.pointSize()));
+}
+
+void CRTimeScale::DrawLocator(QPainter &painter, const QRect &rect, int &x) const {
+    const long time = GetPointTime(m_pWidget->CursorPos());
+    if (isAxisTime(time))
+        drawReadOut(painter, rect, x, m_font, timeText(time, "G0ddMMyyyyhhmmss"), m_fontColor);
+}
+
+void CRGraphArea::FormLocatorMessage(std::vector<mwiLocatorMessageItem> *items, const QPoint &cursor) const {
+    if (!m_rect.contains(cursor) && !m_pWidget->m_bShowAllAreasLocatorMode)
+        return;
+    const int fontSize = m_properties.font.pointSize();
+    items->push_back(locatorItem(QStringLiteral(" "), QColor().rgb(), fontSize));
+    for (CRGraphLayer *layer : m_layers) {
+        layer->m_toolTip.clear();
+        for (CRPrimitive *primitive : layer->m_primitives) {
+            if (primitive->IsPosEmpty())
+                continue;
+            layer->IsPrimitiveUnderMouse(primitive, cursor);
+            const int index = primitive->m_nHoverIndex;
+            if (index < 0 || index >= primitive->GetDataPointCount() || !primitive->GetDataPoint(index))
+                continue;
+            items->push_back(
+                locatorItem(primitiveText(*primitive, index), primitive->m_lineColor.rgb(), fontSize));
+        }
+        layer->m_toolTip.clear();
+    }
+}
+
+void CRGraphArea::DrawLocator(QPainter &painter, const QRect &rect, int &x) const {
+    std::vector<mwiLocatorMessageItem> items;
+    FormLocatorMessage(&items, m_pWidget->CursorPos());
+    const QFont &font = m_pWidget->m_pTimeScale->m_font;
+    for (const mwiLocatorMessageItem &item : items)
+        drawReadOut(painter, rect, x, font, fieldText(item.text), item.color);
+}
