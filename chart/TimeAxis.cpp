@@ -1,13 +1,13 @@
 #include "chart/TimeAxis.h"
 
-#include <QDateTime>
+#include "chart/PrimitiveCalendar.h"
+
 #include <algorithm>
 #include <climits>
 #include <cstring>
+#include <numeric>
 
 namespace {
-
-constexpr long long secondsPerDay = 86400;
 
 inline long timeAt(const unsigned char *source) {
     int value;
@@ -124,34 +124,17 @@ void mapPositions(const TimeRun &run, const std::vector<long> &axis, std::vector
     positions.resize(static_cast<std::size_t>(out - positions.data()));
 }
 
+void placeAll(int count, std::vector<int> &positions) {
+    positions.clear();
+    reserveTight(positions, static_cast<std::size_t>(count));
+    positions.resize(static_cast<std::size_t>(count));
+    std::iota(positions.begin(), positions.end(), 0);
+}
+
 long nextFreeTime(long timeSec, eDateType type, int count, int fallbackSeconds) {
-    long long time = timeSec;
-    switch (type) {
-    case DT_UNKNOWN:
-        time += fallbackSeconds;
-        break;
-    case DT_MINUTE:
-        time += 60LL * count;
-        break;
-    case DT_DAY:
-        time += secondsPerDay * count;
-        break;
-    case DT_WEEK:
-        time += 7 * secondsPerDay * count;
-        break;
-    case DT_MONTH:
-        for (int step = 0; step < count; ++step) {
-            const QDate date = QDateTime::fromSecsSinceEpoch(time, Qt::UTC).date();
-            time += (date.daysInMonth() - date.day() + 1) * secondsPerDay;
-        }
-        break;
-    case DT_YEAR:
-        for (int step = 0; step < count; ++step)
-            time += QDateTime::fromSecsSinceEpoch(time, Qt::UTC).date().daysInYear() * secondsPerDay;
-        break;
-    default:
-        return 0;
-    }
+    if (type != DT_UNKNOWN)
+        return addIntervals(timeSec, type, count);
+    const long long time = static_cast<long long>(timeSec) + fallbackSeconds;
     return time > LONG_MAX ? -1 : static_cast<long>(time);
 }
 

@@ -22,6 +22,9 @@ void mergeTimes(std::vector<TimeRun> &runs, std::vector<long> &axis);
 // The data index of every position of the axis, -1 where the run has no point. Ends where the run ends.
 void mapPositions(const TimeRun &run, const std::vector<long> &axis, std::vector<int> &positions);
 
+// The positions of a run that is alone on its axis: one after the other.
+void placeAll(int count, std::vector<int> &positions);
+
 // The time one free position after `timeSec`. An unknown unit steps by `fallbackSeconds`, a unit that
 // cannot be stepped gives 0. Past the range of a time it is negative.
 long nextFreeTime(long timeSec, eDateType type, int count, int fallbackSeconds);

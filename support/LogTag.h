@@ -1,6 +1,6 @@
 #pragma once
 
 // The tag at the end of a log line: "|File|line".
-#define VELMAR_TAG_TEXT(line) #line
-#define VELMAR_TAG_LINE(line) VELMAR_TAG_TEXT(line)
-#define LOG_TAG(file) "|" file "|" VELMAR_TAG_LINE(__LINE__)
+#define LOG_TAG_TEXT(value) #value
+#define LOG_TAG_AT(file, line) "|" file "|" LOG_TAG_TEXT(line)
+#define LOG_TAG(file) LOG_TAG_AT(file, __LINE__)
