@@ -10,9 +10,9 @@
 #include "objects/DrawTypes.h"
 #include "objects/Indicator.h"
 #include "objects/IndicatorPlacement.h"
-#include "objects/LogTag.h"
 #include "objects/OutputSeries.h"
 #include "support/Log.h"
+#include "support/LogTag.h"
 
 #include <QPointer>
 #include <algorithm>
@@ -129,7 +129,7 @@ void CRGraphWidget::UpdateIndicatorPrimitives(coreCoreUpdateDpaData *data) {
         if (!guard)
             return;
         m_bUpdatePrimitivePositions = true;
-        trace("m_bUpdatePrimitivePositions = true", WIDGET_TAG);
+        trace("m_bUpdatePrimitivePositions = true", LOG_TAG("GraphWidget"));
     }
     if (kind != coreUpdateArrays || !m_pScrollBar || m_pScrollBar->m_nRightEdgeTime == -1)
         return;

@@ -5,9 +5,9 @@
 #include "module/HostCalls.h"
 #include "objects/DrawTypes.h"
 #include "objects/Indicator.h"
-#include "objects/LogTag.h"
 #include "objects/PanelPeriods.h"
 #include "support/Log.h"
+#include "support/LogTag.h"
 
 #include <QPointer>
 #include <algorithm>
@@ -123,7 +123,7 @@ void CRGraphWidget::OnPaneleStatusChanged(int kind, int item) {
         if (!guard)
             return;
         UpdateDpaHistory();
-        trace("Timeframe changed\n", WIDGET_TAG);
+        trace("Timeframe changed\n", LOG_TAG("GraphWidget"));
     }
     if (!guard)
         return;

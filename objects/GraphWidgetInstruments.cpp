@@ -8,9 +8,9 @@
 #include "module/HostCalls.h"
 #include "objects/DrawTypes.h"
 #include "objects/Indicator.h"
-#include "objects/LogTag.h"
 #include "objects/Warning.h"
 #include "support/Log.h"
+#include "support/LogTag.h"
 #include "support/PeriodText.h"
 
 #include <QPointer>
@@ -63,7 +63,7 @@ CRGraphLayer *layerOfEmptyArea(CRGraphArea *area) {
         try {
             area->AddGraphLayer(new CRGraphLayer(area, QString()));
         } catch (const std::bad_alloc &) {
-            logLine(logMsgModule, logError, addLine("Can't create Layer"), WIDGET_TAG);
+            logLine(logMsgModule, logError, addLine("Can't create Layer"), LOG_TAG("GraphWidget"));
             return nullptr;
         }
     }
@@ -99,9 +99,9 @@ CRGraphLayer *layerOfNewArea(CRGraphWidget &window) {
         return nullptr;
     CRGraphArea *area = window.GetArea(index);
     if (!area)
-        trace(addLine("invalid Area. return"), WIDGET_TAG);
+        trace(addLine("invalid Area. return"), LOG_TAG("GraphWidget"));
     else if (area->m_layers.empty())
-        trace(addLine("empty Area. return"), WIDGET_TAG);
+        trace(addLine("empty Area. return"), LOG_TAG("GraphWidget"));
     return firstLayer(area);
 }
 
@@ -114,7 +114,7 @@ CRGraphLayer *instrumentLayer(CRGraphWidget &window, const QString &symbol, cons
     if (candidate && window.m_chooseLayerOnAdd) {
         CRGraphLayer *layer = candidate->GetLayer(-1, title);
         if (!layer)
-            trace(addLine("invalid Layer. return"), WIDGET_TAG);
+            trace(addLine("invalid Layer. return"), LOG_TAG("GraphWidget"));
         return layer;
     }
     if (candidate && candidate->GetPrimitiveCount() == 0)
@@ -122,7 +122,7 @@ CRGraphLayer *instrumentLayer(CRGraphWidget &window, const QString &symbol, cons
     bool found = false;
     QPointer<CRGraphLayer> layer = layerBesideSame(window, symbol, title, &found);
     if (!guard || (found && !layer)) {
-        trace(addLine("invalid Layer. return"), WIDGET_TAG);
+        trace(addLine("invalid Layer. return"), LOG_TAG("GraphWidget"));
         return nullptr;
     }
     if (layer && layer->GetIndex() != -1)
@@ -141,7 +141,7 @@ void *CRGraphWidget::AddPrimaryPrimitive(unsigned short *symbol, char *dataType,
     if (!iface || !guard)
         return nullptr;
     if (m_sysTesterChart && holdsCandles(*this)) {
-        warnUser(this, m_module->tr("G0150", 0), WIDGET_TAG);
+        warnUser(this, m_module->tr("G0150", 0), LOG_TAG("GraphWidget"));
         return nullptr;
     }
     SelectAllPrimitives(false);
@@ -179,7 +179,7 @@ void *CRGraphWidget::AddPrimaryPrimitive(unsigned short *symbol, char *dataType,
     update();
     m_nSelectedArea = -1;
     UndoMilestone(QStringLiteral("Add primary primitive"));
-    trace(QStringLiteral("Indicator ") + name + QStringLiteral(" created successfully"), WIDGET_TAG);
+    trace(QStringLiteral("Indicator ") + name + QStringLiteral(" created successfully"), LOG_TAG("GraphWidget"));
     return created;
 }
 
@@ -212,7 +212,7 @@ void *CRGraphWidget::CreateInstrument(void *, CRGraphLayer *layer, const unsigne
     if (array) {
         const ExistingTimeFrames existing = existingTimeFrames(*this);
         if (existing.any && existing.ticks != isTickPeriod(array->identity.m_periods)) {
-            warnUser(this, m_module->tr("G0183", 0), WIDGET_TAG);
+            warnUser(this, m_module->tr("G0183", 0), LOG_TAG("GraphWidget"));
             if (guard)
                 DeleteUnusedLayers();
             return nullptr;

@@ -8,9 +8,9 @@
 #include "objects/DrawTypes.h"
 #include "objects/Indicator.h"
 #include "objects/IndicatorPlacement.h"
-#include "objects/LogTag.h"
 #include "objects/OutputSeries.h"
 #include "objects/Warning.h"
+#include "support/LogTag.h"
 
 #include <QPointer>
 
@@ -86,7 +86,7 @@ void *CRGraphWidget::AddSecondaryPrimitive(const unsigned short *name, void *ifa
         return nullptr;
     if (m_sysTesterChart && hasBase && !base->m_sysTester && base->GetWidget() &&
         !base->GetWidget()->m_sysTesterChart) {
-        warnUser(this, m_module->tr("G0147", 0), WIDGET_TAG);
+        warnUser(this, m_module->tr("G0147", 0), LOG_TAG("GraphWidget"));
         return nullptr;
     }
     const QString nameText = readText(name, nameWidth);
