@@ -23,7 +23,7 @@ coreLogMsgLevel levelOf(eLogMsgType kind) {
 
 } // namespace
 
-Log::Log() : m_text(new unsigned short[m_capacity]) {
+Log::Log() : m_text(new unsigned short[firstCapacity]) {
     m_text[0] = 0;
 }
 

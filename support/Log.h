@@ -80,6 +80,8 @@ public:
     coreLogMsgLevel level() const { return m_level; }
 
 private:
+    static constexpr int firstCapacity = 32;
+
     int SendMessage();
     unsigned short *extend(int count);
 
@@ -90,7 +92,7 @@ private:
     coreLogMsgLevel m_level = logWarning;
     std::unique_ptr<unsigned short[]> m_text;
     int m_length = 1; // characters with the terminator
-    int m_capacity = 32;
+    int m_capacity = firstCapacity;
     coreLogWriter m_writeLine = nullptr;
 };
 
