@@ -53,6 +53,8 @@ public:
     int GetLastSignedTimePos() const;
     int GetNearestLowPosition(int position) const;
     int GetNearestHiPosition(int position) const;
+    int NextSignedPos(int from) const;     // first position with a point from there upward, -1 for none
+    int PreviousSignedPos(int from) const; // and downward
 
     // ---- time (chart/PrimitiveTime.cpp); times in seconds ----
     int GetTimeStep() const;
@@ -68,6 +70,7 @@ public:
     float GetMaxOnInterval(long first, long last) const; // data indices, inclusive
     float GetMinOnInterval(long first, long last) const;
     double TitleValue(int dataIndex, bool *has) const;   // the value field of the draw type
+    double FirstValue(int dataIndex) const;              // the value behind the time
     bool IsTickSeries() const;                           // period "I" of length 0
     bool IsInstrumentType() const;                       // 1, 3, 5, 6, 7
     bool IsCandleLike() const { return IsInstrumentType(); }
@@ -141,6 +144,12 @@ public slots:
     void OnShowProperty();
     void OnDeletePrimitive();
     void OnChangeLayer();
+
+private:
+    void TakeLook(); // colours, pen and point size of the array
+    int LowerBound(long timeSec) const;
+    const std::vector<long> *Axis(int position) const;
+    int PosOfIndex(const std::vector<long> &axis, int index) const;
 };
 
 // Orders primitives by the place of their arrays in a host list.
