@@ -39,6 +39,23 @@ FakeHost *FakeHost::current() {
 }
 
 FakeHost::FakeHost(Stage stage, const QString &library) {
+    setUp();
+    load(library);
+    advance(stage);
+}
+
+FakeHost::FakeHost(const Entry &entry, Stage stage) {
+    setUp();
+    GetModuleInfo = entry.getModuleInfo;
+    Initialize = entry.initialize;
+    ReceiveMessage = entry.receiveMessage;
+    moduleObject = entry.module;
+    m_linkedTick = entry.tick;
+    m_open = true;
+    advance(stage);
+}
+
+void FakeHost::setUp() {
     g_current = this;
     m_shelf.reset(new QWidget);
     slider = new QSlider(Qt::Horizontal, m_shelf.get());
@@ -52,7 +69,9 @@ FakeHost::FakeHost(Stage stage, const QString &library) {
     QCoreApplication::installTranslator(m_translator.get());
     m_watcher.reset(new DialogWatcher(this));
     registerDefaults();
-    load(library);
+}
+
+void FakeHost::advance(Stage stage) {
     if (stage >= Initialized)
         initialize();
     if (stage >= Created)
@@ -94,10 +113,13 @@ void FakeHost::load(const QString &library) {
     }
     if (m_timer) {
         const auto timers = QAbstractEventDispatcher::instance()->registeredTimers(m_timer);
-        if (!timers.isEmpty())
+        if (!timers.isEmpty()) {
             m_timerId = timers.first().timerId;
+            m_timerInterval = timers.first().interval;
+        }
     }
     setLiveTimer(false);
+    m_open = true;
 }
 
 void FakeHost::setLiveTimer(bool on) {
@@ -112,14 +134,14 @@ void FakeHost::setLiveTimer(bool on) {
 }
 
 void FakeHost::initialize(bool withFunction) {
-    m_initialized = true;
     Initialize(withFunction ? &FakeHost::receive : nullptr, withFunction ? &FakeHost::receiveSecond : nullptr,
                fromWord<void>(coreHandle()), fromWord<void>(componentHandle()));
 }
 
 void FakeHost::close() {
-    if (!m_library)
+    if (!m_open)
         return;
+    m_open = false;
     clearTrouble();
     m_interruption = nullptr;
     m_answers.clear();
@@ -135,11 +157,28 @@ void FakeHost::close() {
     QCoreApplication::sendPostedEvents();
     m_timer = nullptr;
     m_timerId = 0;
-    dlclose(m_library);
+    if (m_library)
+        dlclose(m_library);
+    else
+        Initialize(nullptr, nullptr, nullptr, nullptr);
     m_library = nullptr;
 }
 
 // ---- to the module ----
+
+namespace {
+
+// Calls under way; also when one ends in an exception.
+class Depth {
+public:
+    explicit Depth(int &depth) : m_depth(depth) { ++m_depth; }
+    ~Depth() { --m_depth; }
+
+private:
+    int &m_depth;
+};
+
+} // namespace
 
 int FakeHost::send(unsigned message, int wParam, int lParam) {
     ++m_toModule[message];
@@ -154,9 +193,8 @@ int FakeHost::send(unsigned message, int wParam, int lParam) {
         call.depth = m_depth;
         m_calls.push_back(call);
     }
-    ++m_depth;
+    const Depth depth(m_depth);
     const int result = ReceiveMessage(this, message, wParam, lParam);
-    --m_depth;
     if (recorded && place < m_calls.size() && m_calls[place].message == message)
         m_calls[place].result = result;
     return result;
@@ -206,7 +244,7 @@ int FakeHost::take(void *target, unsigned message, int wParam, int lParam) {
     if (recorded)
         m_calls.push_back(call);
 
-    ++m_depth;
+    const Depth depth(m_depth);
     if (m_interruption && !m_interrupting) {
         m_interrupting = true;
         m_interruption(call);
@@ -234,7 +272,6 @@ int FakeHost::take(void *target, unsigned message, int wParam, int lParam) {
             result = defaultAnswer(target, message, wParam, lParam);
         }
     }
-    --m_depth;
     if (recorded && place < m_calls.size() && m_calls[place].message == message)
         m_calls[place].result = result;
     return result;

@@ -109,6 +109,15 @@ class FakeHost {
 public:
     enum Stage { Loaded, Initialized, Created, Started, Running }; // what the constructor does, up to
     explicit FakeHost(Stage stage = Running, const QString &library = QString());
+    // A module that is linked into the test program; it outlives the host and is not unloaded.
+    struct Entry {
+        int (*getModuleInfo)(MODULE_INFO *);
+        void (*initialize)(HostFunction, HostFunction, void *, void *);
+        int (*receiveMessage)(void *, unsigned, int, int);
+        void *module;
+        std::function<void()> tick;
+    };
+    explicit FakeHost(const Entry &entry, Stage stage = Running);
     ~FakeHost(); // deletes the charts, stops the module, unloads the library
 
     // ---- the library ----
@@ -119,6 +128,7 @@ public:
     void initialize(bool withFunction = true);
     void close(); // the end of a run; the destructor does it too
     void setLiveTimer(bool on); // by default only tick() ticks
+    int timerInterval() const { return m_timerInterval; } // of the module's clock, in milliseconds
 
     // ---- messages to the module ----
     int send(unsigned message, int wParam = 0, int lParam = 0);
@@ -256,12 +266,16 @@ private:
     FakeObject *makeIndicator(const FakeIndicator &kind, const coreNameInstrument &name, Word maker);
     void fillInstrument(FakeObject *object);
     void changeArray(Word handle, const coreNameInstrument &name);
+    void setUp();
+    void advance(Stage stage);
     void load(const QString &library);
 
     void *m_library = nullptr;
-    bool m_initialized = false;
+    bool m_open = false;
+    std::function<void()> m_linkedTick;
     QObject *m_timer = nullptr;
     int m_timerId = 0;
+    int m_timerInterval = 0;
     Word m_nextHandle = 0x01000001;
     Word m_moduleInterface = 0;
     std::vector<NamedInterface> m_interfaces;

@@ -84,6 +84,8 @@ QString FakeHost::caption(const Chart &chart) {
 }
 
 void FakeHost::tick() {
+    if (m_linkedTick)
+        m_linkedTick();
     if (!m_timer)
         return;
     QTimerEvent event(m_timerId);
