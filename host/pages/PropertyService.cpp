@@ -83,6 +83,11 @@ void PropertyService::showModulePage(PROPERTY_PAGE &record) {
     }
 }
 
+void PropertyService::windowGone(Handle window) {
+    if (m_copy && m_copy->record().system.m_object == window)
+        m_dock.closePage(keyOf(m_copy->record()));
+}
+
 void PropertyService::itemChanged(const PROPERTY_PAGE &record, int lParam) {
     if (!m_dock.shows(keyOf(record)) || !lParam)
         return;

@@ -1,7 +1,6 @@
 #pragma once
 #include "host/core/Service.h"
 #include <functional>
-#include <map>
 #include <memory>
 
 struct PROPERTY_PAGE;
@@ -21,6 +20,7 @@ public:
     void takeWindow(Handle window); // the main window's handle, and the module's
     void showObject(CalculatedObject &object);
     void refreshObject(CalculatedObject &object);
+    void windowGone(Handle window); // its page leaves the dock with it
     // Brings a panel forward: 0 the properties, 1 the instruments, 2 the indicators.
     std::function<void(int panel)> raisePanel;
 
