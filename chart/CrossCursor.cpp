@@ -44,7 +44,8 @@ void CRGraphWidget::UpdateCrossCursor() {
     m_crossDateText = isAxisTime(time) ? timeText(time, "G0ddMMyyyyhhmmss") : QString();
     const CRGraphLayer *layer = findLayerByPoint(m_areas, cursor);
     m_crossPriceText =
-        layer ? QString::asprintf("%0.*f", decimalsOf(layer->m_tick), layer->CalcPrice(cursor.y())) : QString();
+        layer ? QString::asprintf("%0.*f", decimalsOf(layer->m_tick), layer->CalcPrice(cursor.y()))
+              : QString();
 }
 
 void CRGraphWidget::DrawCrossCursor(QPainter &painter) {
@@ -81,7 +82,8 @@ void CRGraphWidget::DrawCrossCursor(QPainter &painter) {
     }
     if (!m_crossDateText.isEmpty() && m_pTimeScale) {
         const int boxWidth = textWidth(look.font, m_crossDateText) + 2 * textGap;
-        const QRect box(cursor.x() - boxWidth / 2, m_pTimeScale->m_rect.bottom() - height - 2, boxWidth, height + 3);
+        const QRect box(cursor.x() - boxWidth / 2, m_pTimeScale->m_rect.bottom() - height - 2, boxWidth,
+                        height + 3);
         painter.fillRect(box, m_crossColor);
         painter.setPen(QColor(look.backgroundColor));
         painter.drawText(box, Qt::AlignCenter, m_crossDateText);

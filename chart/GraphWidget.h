@@ -150,7 +150,7 @@ public:
     void RefreshPropertyPage(); // the members' values into the page, which is shown anew when it is open
     void ResetCursor();
     void SelectAllPrimitives(bool on);
-    void SelectAllLS(bool on);
+    void SelectAllLS(bool) {} // there is nothing to select before a chart can hold line studies
     void RemoveMultipleSelect(void *except);
     void RemoveMultipleAreasSelect(CRGraphArea *area, bool keepExtended);
     void CancelCreatingLS();

@@ -73,3 +73,9 @@ void CRGraphWidget::RepaintOverlay() {
     QWidget::repaint();
     m_bOverlayRepaint = false;
 }
+
+// While a line study is dragged the frame follows the mouse at once.
+void CRGraphWidget::DrawMovingLS() {
+    if (!m_areas.empty() && m_redrawMovingLS)
+        repaint();
+}

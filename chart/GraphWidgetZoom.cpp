@@ -18,7 +18,8 @@ namespace {
 
 // Series that auto scroll follows.
 bool leadsAutoScroll(const CRPrimitive &primitive) {
-    return primitive.m_type == PT_CLOSE_DOTS || (primitive.m_type >= PT_CLOSE_LINE && primitive.m_type <= PT_WIDE_CANDLE);
+    return primitive.m_type == PT_CLOSE_DOTS ||
+           (primitive.m_type >= PT_CLOSE_LINE && primitive.m_type <= PT_WIDE_CANDLE);
 }
 
 } // namespace
@@ -217,15 +218,6 @@ long CRGraphWidget::GetCandlesLastTime() const {
         }
     }
     return latest;
-}
-
-void CRGraphWidget::SetAutoScroll(bool on) {
-    if (m_pTimeScale)
-        m_pTimeScale->m_bAutoScroll = on;
-    if (m_pScrollBar) {
-        m_pScrollBar->SetAutoScroll(on);
-        m_pScrollBar->SetRBtnState(on);
-    }
 }
 
 void CRGraphWidget::OnBnClickedZoomIn() {

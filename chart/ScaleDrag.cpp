@@ -23,7 +23,8 @@ int scaleDragMode(const QRect &rightStrip, const QRect &leftStrip, const QPoint 
     return noScaleDrag;
 }
 
-bool stretchedRange(int mode, const QRect &plot, int press, int current, const ValueRange &range, ValueRange *out) {
+bool stretchedRange(int mode, const QRect &plot, int press, int current, const ValueRange &range,
+                    ValueRange *out) {
     const double span = range.max - range.min;
     *out = range;
     if (mode == rightUpper || mode == leftUpper) {

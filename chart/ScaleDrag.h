@@ -26,4 +26,5 @@ struct ValueRange {
 
 // The range after the row `press` was drawn to the row `current`: the value at the far end of the plot stays.
 // False where no range comes out.
-bool stretchedRange(int mode, const QRect &plot, int press, int current, const ValueRange &range, ValueRange *out);
+bool stretchedRange(int mode, const QRect &plot, int press, int current, const ValueRange &range,
+                    ValueRange *out);

@@ -2,7 +2,7 @@
 
 #include "chart/GraphLayer.h"
 #include "chart/GraphWidget.h"
-#include "chart/PrimitiveCalendar.h"
+#include "chart/TimeLookup.h"
 
 #include <QPoint>
 
@@ -44,31 +44,12 @@ long CRTimeScale::GetVirtualPointTime(const QPoint &point, eDateType type) const
     return layer ? GetVirtualPosTime(PointPos(point, layer), type) : 0;
 }
 
-// Past the end the whole position counts as steps from the last time, not only what lies beyond the list.
 long CRTimeScale::GetVirtualPosTime(int position, eDateType type) const {
-    if (m_times.empty())
-        return 0;
-    if (position >= GetTimeCount())
-        return addIntervals(m_times.back(), type, position);
-    return position < 0 ? addIntervals(m_times.front(), type, position) : m_times[static_cast<std::size_t>(position)];
+    return timeOfPosition(m_times, position, type);
 }
 
 int CRTimeScale::GetTimePos(long timeSec, eDateType) const {
-    int low = -1;
-    int high = GetTimeCount();
-    while (high - low > 1) {
-        const int middle = low + static_cast<int>((high - low) * 0.5 + 0.5);
-        const long time = m_times[static_cast<std::size_t>(middle)];
-        if (middle == 0 || time == timeSec)
-            return middle;
-        if (time < timeSec)
-            low = middle;
-        else if (m_times[static_cast<std::size_t>(middle) - 1] <= timeSec)
-            return middle - 1;
-        else
-            high = middle;
-    }
-    return low < 0 ? 0 : low;
+    return positionOfTime(m_times, timeSec);
 }
 
 int CRTimeScale::GetVirtualTimePos(long timeSec, eDateType type, int) const {

@@ -23,8 +23,8 @@ void CRTimeScale::CreatePropertyPage() {
     m_nPropertyGroup = m_pWidget->CreatePropertyGroup(texts.tr("G0078"));
     m_nBackgroundItem = m_pWidget->AddPropertyColorItem(m_nPropertyGroup, texts.tr("C0004BckGrndColor"),
                                                         texts.tr("G0067Message"), QColor(m_backgroundColor));
-    m_nGridItem = m_pWidget->AddPropertyColorItem(m_nPropertyGroup, texts.tr("G0021"), texts.tr("G0075Message"),
-                                                  QColor(m_gridColor));
+    m_nGridItem = m_pWidget->AddPropertyColorItem(m_nPropertyGroup, texts.tr("G0021"),
+                                                  texts.tr("G0075Message"), QColor(m_gridColor));
     m_nAutoScrollItem = m_pWidget->AddPropertyWidget(m_nPropertyGroup, texts.tr("G0086"), texts.tr("G0003"),
                                                      autoScrollWidth, autoScrollHeight);
 }

@@ -8,7 +8,8 @@
 #include <QStyle>
 #include <QToolButton>
 
-CTimeScrollBar::CTimeScrollBar(CRGraphWidget *widget) : QScrollBar(Qt::Horizontal, widget), m_pWidget(widget) {
+CTimeScrollBar::CTimeScrollBar(CRGraphWidget *widget)
+    : QScrollBar(Qt::Horizontal, widget), m_pWidget(widget) {
     m_nExtent = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
 }
 

@@ -43,7 +43,8 @@ bool sameSeries(const CRPrimitive &a, const CRPrimitive &b) {
 std::vector<CRPrimitive *> primitivesUnder(const std::vector<CRGraphLayer *> &layers, const QPoint &point) {
     std::vector<CRPrimitive *> found;
     for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
-        for (auto primitive = (*layer)->m_primitives.rbegin(); primitive != (*layer)->m_primitives.rend(); ++primitive) {
+        for (auto primitive = (*layer)->m_primitives.rbegin(); primitive != (*layer)->m_primitives.rend();
+             ++primitive) {
             if ((*layer)->IsPrimitiveUnderMouse(*primitive, point))
                 found.push_back(*primitive);
         }
@@ -127,7 +128,8 @@ void CRGraphArea::mouseMoveEvent(QMouseEvent *event) {
     const QPointer<CRGraphArea> self(this);
     if (m_resizing) {
         const float height = static_cast<float>(m_rect.height());
-        const float wanted = (static_cast<float>(m_rect.top()) + (height - static_cast<float>(event->y()))) / height;
+        const float wanted =
+            (static_cast<float>(m_rect.top()) + (height - static_cast<float>(event->y()))) / height;
         m_pWidget->ResizeArea(this, wanted * m_heightShare);
         trace("repaint", LOG_TAG("GraphArea"));
         m_pWidget->repaint();
@@ -166,8 +168,9 @@ void CRGraphArea::ShapeCursor(const QPoint &point) {
         return;
     if (armed) {
         const bool placeable = std::any_of(m_layers.begin(), m_layers.end(), [](const CRGraphLayer *layer) {
-            return std::any_of(layer->m_primitives.begin(), layer->m_primitives.end(),
-                               [](const CRPrimitive *primitive) { return primitive->GetDataPointCount() > 1; });
+            return std::any_of(
+                layer->m_primitives.begin(), layer->m_primitives.end(),
+                [](const CRPrimitive *primitive) { return primitive->GetDataPointCount() > 1; });
         });
         if (placeable)
             m_pWidget->setCursor(QCursor(LoadModulePixmap("graphcusor.png"), 0, 0));

@@ -170,9 +170,11 @@ void CRGraphLayer::keyPressEvent(QKeyEvent *event) {
     std::vector<const CRPrimitive *> tried;
     bool removed = false;
     for (;;) {
-        const auto next = std::find_if(m_primitives.begin(), m_primitives.end(), [&](const CRPrimitive *primitive) {
-            return primitive->IsSelected() && std::find(tried.begin(), tried.end(), primitive) == tried.end();
-        });
+        const auto next =
+            std::find_if(m_primitives.begin(), m_primitives.end(), [&](const CRPrimitive *primitive) {
+                return primitive->IsSelected() &&
+                       std::find(tried.begin(), tried.end(), primitive) == tried.end();
+            });
         if (next == m_primitives.end())
             break;
         tried.push_back(*next);

@@ -42,7 +42,8 @@ bool CRGraphWidget::IsArmed(mwiStateLsButton *state) const {
 bool CRGraphWidget::IsMouseModeActive() const {
     if (m_creatingLS || m_movingLS || m_rangeSelecting || m_dragCandidate || ScaleDragLayer())
         return true;
-    return std::any_of(m_areas.begin(), m_areas.end(), [](const CRGraphArea *area) { return area->m_resizing; });
+    return std::any_of(m_areas.begin(), m_areas.end(),
+                       [](const CRGraphArea *area) { return area->m_resizing; });
 }
 
 int CRGraphWidget::IndexUnderCursor(int x) const {
@@ -180,8 +181,8 @@ void CRGraphWidget::ClearStatusText(const QPoint &point) {
     CTextStatusBar *statusBar = m_module->GetTextStatusBar();
     if (!statusBar)
         return;
-    if (point.x() < m_nLeftScaleWidth || point.x() > width() - m_nRightScaleWidth || point.y() <= titleHeight ||
-        point.y() >= height() - stripHeight + 1)
+    if (point.x() < m_nLeftScaleWidth || point.x() > width() - m_nRightScaleWidth ||
+        point.y() <= titleHeight || point.y() >= height() - stripHeight + 1)
         statusBar->clearTextStatusBar();
 }
 

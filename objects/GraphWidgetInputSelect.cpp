@@ -66,11 +66,13 @@ void CRGraphWidget::RemoveMultipleAreasSelect(CRGraphArea *area, bool) {
 
 void CRGraphWidget::OnSelectAllLS() {
     SelectAllPrimitives(false);
+    SelectAllLS(true);
     update();
 }
 
 void CRGraphWidget::OnBnClickedMenuUnselectAll() {
     SelectAllPrimitives(false);
+    SelectAllLS(false);
     update();
 }
 
