@@ -1,0 +1,275 @@
+// What the host tells about objects that are on the chart: data, outputs, names.
+#include "tests/boundary/instruments_view.h"
+
+#include <QAbstractSlider>
+
+namespace {
+
+/// An instrument, and an indicator of the outputs A, B, C in a pane of its own.
+struct UpdatedChart {
+    UpdatedChart() : chart(host.createChart()), instrument(host.addInstrument(chart, "EURUSD")) {
+        host.addIndicatorKind(indicatorKind("IND", 3, 1, {"A", "B", "C"}));
+        host.addIndicator(chart, "IND");
+        indicator = host.lastObject();
+        host.clearTraffic();
+    }
+
+    /// The object's outputs are these from now on, and the window hears of it.
+    int rebuild(const QStringList &names) {
+        FakeIndicator kind = indicator->kind;
+        std::vector<std::unique_ptr<FakeArray>> arrays;
+        kind.outputs.clear();
+        for (const QString &name : names) {
+            std::unique_ptr<FakeArray> array;
+            for (auto &old : indicator->outputs)
+                if (old && fieldText(old->header()->identity.m_szNameSymbol) == name)
+                    array = std::move(old);
+            if (!array) {
+                array.reset(new FakeArray);
+                fillField(array->header()->identity.m_szNameSymbol, name);
+                array->header()->identity.m_periods = makePeriod('I', 60);
+                array->header()->owner = fromWord<void>(indicator->handle);
+                array->header()->typeShow.drawKind = 4;
+                array->setValues({});
+            }
+            arrays.push_back(std::move(array));
+            kind.outputs.push_back({name, 4, 0, 3, nullptr});
+        }
+        for (auto &old : indicator->outputs)
+            if (old)
+                dropped.push_back(std::move(old)); // a host keeps them until the message is through
+        indicator->outputs = std::move(arrays);
+        indicator->kind = kind;
+        host.recompute(indicator);
+        std::vector<mvDataPointArray *> headers;
+        for (auto &array : indicator->outputs)
+            headers.push_back(array->header());
+        coreRebuildDpa record{fromWord<void>(indicator->handle), 0xDEADBEEF, static_cast<int>(headers.size()),
+                              headers.data()};
+        return host.send(ToModule::RebuildOutputs, chart.handle, &record);
+    }
+    QStringList lines() const {
+        QStringList names;
+        for (const SeriesView &entry : viewOf(chart).series)
+            if (!entry.instrument)
+                names += entry.line;
+        return names;
+    }
+
+    FakeHost host;
+    Chart chart;
+    FakeObject *instrument;
+    FakeObject *indicator;
+    std::vector<std::unique_ptr<FakeArray>> dropped;
+};
+
+TEST(DataUpdate, OfEachKnownKindAsksForLinksAndLevels) {
+    for (int kind : {0, 1, 2}) {
+        UpdatedChart on;
+        on.host.update(on.indicator, on.chart, kind);
+        EXPECT_EQ(on.host.count(ToHost::LinkCount), 1) << kind;
+        EXPECT_EQ(on.host.count(ToHost::HorizontalLevels), 1) << kind;
+        EXPECT_EQ(on.chart.handle->m_indicators[1]->m_updateKind, kind);
+    }
+}
+
+TEST(DataUpdate, OfAnotherKindDoesNothingToTheLines) {
+    for (int kind : {3, -1, 99}) {
+        UpdatedChart on;
+        on.host.update(on.indicator, on.chart, kind);
+        EXPECT_EQ(on.host.count(ToHost::LinkCount), 0);
+        EXPECT_EQ(on.host.count(ToHost::HorizontalLevels), 0);
+    }
+}
+
+TEST(DataUpdate, WaitsForTheTickWithTheRebuild) {
+    UpdatedChart on;
+    on.host.tick();
+    const int rebuilds = on.chart.handle->m_nUpdateCount;
+    on.host.appendBar(on.instrument, makeBars(201).back());
+    on.host.update(on.instrument, 0);
+    on.host.update(on.instrument, 0);
+    EXPECT_EQ(on.chart.handle->m_nUpdateCount, rebuilds);
+    EXPECT_TRUE(on.chart.handle->m_bUpdatePrimitivePositions);
+    on.host.tick();
+    EXPECT_EQ(on.chart.handle->m_nUpdateCount, rebuilds + 1);
+    on.host.tick();
+    EXPECT_EQ(on.chart.handle->m_nUpdateCount, rebuilds + 1);
+}
+
+TEST(DataUpdate, OfAStrangeHandleTouchesNoLine) {
+    UpdatedChart on;
+    FakeObject stranger;
+    stranger.handle = 0x0BADF00D;
+    on.host.update(&stranger, on.chart, 0);
+    EXPECT_EQ(on.host.count(ToHost::LinkCount), 0);
+}
+
+TEST(DataUpdate, OfADisplayTakesNewColours) {
+    UpdatedChart on;
+    on.indicator->array(1).header()->typeShow.secondColor = 0xFF112233;
+    on.host.update(on.indicator, on.chart, 2);
+    EXPECT_EQ(on.chart.handle->m_indicators[1]->m_primitives[1]->m_lineColor.rgb() & 0xFFFFFF, 0x112233u);
+}
+
+TEST(DataUpdate, WithMoreHistoryKeepsTheCandleAtTheEdge) {
+    FakeHost host;
+    const std::vector<Bar> all = makeBars(400);
+    host.setHistory("EURUSD", std::vector<Bar>(all.begin() + 100, all.end()));
+    const Chart chart = host.createChart();
+    FakeObject *object = host.addInstrument(chart, "EURUSD");
+    host.tick();
+    auto *bar = qobject_cast<QAbstractSlider *>(childOfClass(chart.widget, "CTimeScrollBar"));
+    ASSERT_TRUE(bar);
+    bar->setValue(150); // position 149 stands at the edge, which is bar 249 of all
+    object->array().setCandles(all);
+    host.update(object, 1);
+    EXPECT_EQ(bar->value(), 250);
+}
+
+TEST(DataUpdate, WhileLoadingIsIgnored) {
+    UpdatedChart on;
+    on.chart.handle->m_loading = true;
+    on.host.update(on.indicator, on.chart, 0);
+    on.chart.handle->m_loading = false;
+    EXPECT_EQ(on.host.count(ToHost::LinkCount), 0);
+}
+
+// ---- other outputs ----
+
+TEST(Rebuild, WithFewerOutputsDropsLines) {
+    UpdatedChart on;
+    EXPECT_EQ(on.rebuild({"A", "C"}), 0);
+    EXPECT_EQ(on.lines(), QStringList({"A", "C"}));
+    EXPECT_EQ(on.host.count(ToHost::HorizontalLevels), 1);
+    EXPECT_EQ(on.host.count(ToHost::LinkCount), 1);
+    EXPECT_EQ(on.chart.handle->m_nSelectedArea, -1);
+    on.host.tick();
+    on.host.grab(on.chart);
+}
+
+TEST(Rebuild, WithMoreOutputsAddsLinesWhereTheOthersStand) {
+    UpdatedChart on;
+    on.rebuild({"A", "B", "C", "D"});
+    EXPECT_EQ(on.lines(), QStringList({"A", "B", "C", "D"}));
+    const ChartView view = viewOf(on.chart);
+    EXPECT_EQ(view.line("D")->area, view.line("A")->area);
+    EXPECT_EQ(view.line("D")->layer, view.line("A")->layer);
+    EXPECT_EQ(on.chart.handle->m_indicators[1]->m_primitives[3]->m_nLineIndex, 3);
+    EXPECT_EQ(view.line("D")->handle, on.indicator->handle);
+}
+
+TEST(Rebuild, PutsLinesIntoTheOrderOfTheHost) {
+    UpdatedChart on;
+    on.rebuild({"C", "D", "A"});
+    EXPECT_EQ(on.lines(), QStringList({"C", "D", "A"}));
+}
+
+TEST(Rebuild, WithAllOutputsReplacedStaysInItsPane) {
+    UpdatedChart on;
+    on.rebuild({"X"});
+    EXPECT_EQ(on.lines(), QStringList("X"));
+    EXPECT_EQ(viewOf(on.chart).line("X")->area, 1);
+    on.rebuild({"A", "X"});
+    EXPECT_EQ(on.lines(), QStringList({"A", "X"}));
+}
+
+TEST(Rebuild, ShowsAHiddenLineAgain) {
+    UpdatedChart on;
+    on.chart.handle->m_indicators[1]->m_primitives[1]->m_bVisible = 0;
+    on.rebuild({"A", "B", "C"});
+    EXPECT_TRUE(viewOf(on.chart).line("B")->visible);
+}
+
+TEST(Rebuild, OfAHiddenObjectHidesWhatIsGone) {
+    UpdatedChart on;
+    for (CRPrimitive *primitive : on.chart.handle->m_indicators[1]->m_primitives)
+        primitive->m_bVisible = 0;
+    on.rebuild({"A"});
+    const ChartView view = viewOf(on.chart);
+    EXPECT_TRUE(view.line("A")->visible);
+    ASSERT_TRUE(view.line("B")); // kept for undo
+    EXPECT_FALSE(view.line("B")->visible);
+}
+
+TEST(Rebuild, OfAStrangeObjectChangesNothing) {
+    UpdatedChart on;
+    coreRebuildDpa record{fromWord<void>(0x0BADF00Du), 0, 0, nullptr};
+    EXPECT_EQ(on.host.send(ToModule::RebuildOutputs, on.chart.handle, &record), 0);
+    EXPECT_EQ(on.lines(), QStringList({"A", "B", "C"}));
+}
+
+TEST(Rebuild, TakesNonsenseForNothing) {
+    for (int count : {0, -3, 5, 0x7FFFFFFF}) {
+        UpdatedChart on;
+        coreRebuildDpa record{fromWord<void>(on.indicator->handle), 0, count, nullptr};
+        EXPECT_EQ(on.host.send(ToModule::RebuildOutputs, on.chart.handle, &record), 0);
+        EXPECT_EQ(on.lines(), QStringList({"A", "B", "C"}));
+    }
+    UpdatedChart on;
+    std::vector<mvDataPointArray *> nulls(3, nullptr);
+    coreRebuildDpa record{fromWord<void>(on.indicator->handle), 0, 3, nulls.data()};
+    EXPECT_EQ(on.host.send(ToModule::RebuildOutputs, on.chart.handle, &record), 0);
+    EXPECT_EQ(on.lines(), QStringList({"A", "B", "C"}));
+}
+
+// ---- names ----
+
+TEST(Rename, AsksForEachLineOfTheObject) {
+    UpdatedChart on;
+    const int captions = on.host.captions.size();
+    bytes::Record record(778);
+    bytes::put<Word>(record.data(), 0, on.indicator->handle);
+    EXPECT_EQ(on.host.send(ToModule::Rename, on.chart.handle, record.data()), 0);
+    EXPECT_EQ(on.host.count(ToHost::DisplayNames), 3);
+    EXPECT_GT(on.host.captions.size(), captions);
+}
+
+TEST(Rename, TakesTheNewNames) {
+    UpdatedChart on;
+    on.instrument->alias = "Euro";
+    bytes::Record record(778);
+    bytes::put<Word>(record.data(), 0, on.instrument->handle);
+    on.host.send(ToModule::Rename, on.chart.handle, record.data());
+    EXPECT_EQ(viewOf(on.chart).line("EURUSD")->alias, "Euro");
+    EXPECT_TRUE(on.host.captions.last().contains("Euro 1 Hour Bid"));
+}
+
+TEST(Title, HasNoValueAndNoBracketsWithoutData) {
+    FakeHost host;
+    host.setHistory("EURUSD", {});
+    const Chart chart = host.createChart();
+    host.addInstrument(chart, "EURUSD");
+    host.tick();
+    EXPECT_EQ(host.caption(chart), "Terminal, EUR/USD 1 Hour Bid");
+}
+
+TEST(Title, OfAnotherPeriodThanTheArraysNamesIt) {
+    FakeHost host;
+    const Chart chart = host.createChart();
+    host.addInstrument(chart, "EURUSD");
+    host.answer(ToHost::SourcePeriod, [](void *, int, int lParam) {
+        const namePeriod period = makePeriod('D', 1);
+        std::memcpy(fromWord<void>(lParam), &period, sizeof period);
+        return 0;
+    });
+    EXPECT_TRUE(host.caption(chart).startsWith("Terminal, Day/EUR/USD ("));
+}
+
+TEST(Title, WithTitlesAtTheTopHasNoValue) {
+    FakeHost host;
+    const Chart chart = host.createChart();
+    host.addInstrument(chart, "EURUSD");
+    chart.handle->m_nSymbolNamesPos = 2;
+    EXPECT_EQ(host.caption(chart), "Terminal, EUR/USD 1 Hour Bid");
+}
+
+TEST(Title, OfOneLineInAPaneIsItsAliasAndOfSeveralTheObjectsName) {
+    UpdatedChart on;
+    EXPECT_TRUE(on.host.caption(on.chart).contains(", IND (")) << qPrintable(on.host.caption(on.chart));
+    on.rebuild({"A"});
+    on.host.tick();
+    EXPECT_TRUE(on.host.caption(on.chart).contains(", A (")) << qPrintable(on.host.caption(on.chart));
+}
+
+} // namespace
