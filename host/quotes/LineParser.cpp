@@ -154,9 +154,9 @@ QString LineParser::parse(Piece line, QuoteLine &quote) {
     }
     if (!reason.isEmpty())
         return reason;
-    quote.tick = {quote.timeMs, float(bid), float(ask), 0};
+    quote.tick = {quote.timeMs, float(bid), float(ask), 1}; // without a volume the quotes are counted
     const int volumeColumn = columnOf(Column::Volume);
-    if (!readVolume(fields, volumeColumn, quote.tick.volume))
+    if (volumeColumn >= 0 && !readVolume(fields, volumeColumn, quote.tick.volume))
         return QStringLiteral("volume \"%1\" is no number").arg(textOf(fields[volumeColumn]));
     return QString();
 }

@@ -1,0 +1,54 @@
+#pragma once
+#include "host/core/Service.h"
+#include "host/quotes/Candle.h"
+#include <QObject>
+#include <memory>
+#include <vector>
+
+struct coreDemandsIndicator;
+
+namespace desk {
+
+class QuoteBook;
+
+// Follows the data of objects: whoever builds on a series hears of it here.
+class SourceWatcher {
+public:
+    virtual ~SourceWatcher();
+    // Points from `first` on are new or changed; 0 after a rebuild. Brings all that is built on the object up to
+    // date and answers it, sources before their dependents.
+    virtual std::vector<Handle> sourceChanged(Handle source, int first) = 0;
+};
+
+// "CANDLE": the instrument series of the quote book.
+class CandleService : public Service {
+public:
+    CandleService(Host &host, QuoteBook &book);
+    bool handle(Handle target, unsigned message, int wParam, int lParam, int &result) override;
+
+    Handle interfaceHandle() const { return m_interface; }
+    void setWatcher(SourceWatcher *watcher) { m_watcher = watcher; }
+    // The series of a symbol, made when it is not there yet; null for an unknown symbol or period.
+    std::shared_ptr<Candle> series(const QString &symbol, Side side, Period period, quint32 uniqueNumber = 0);
+    // The series is to be drawn in another way.
+    void lookChanged(Candle &candle);
+
+private:
+    void create(coreDemandsIndicator &demand);
+    int outputs(Handle object, int lParam) const;
+    int change(Handle object, int lParam);
+    int loadOlder(Handle object, int seconds);
+    void displayName(int wParam) const;
+    void quoted(const QString &symbol);
+    void historyChanged(const QString &symbol);
+    void announce(Candle &candle, int first, int kind);
+    std::shared_ptr<Candle> find(Handle object) const;
+
+    QuoteBook &m_book;
+    Handle m_interface;
+    SourceWatcher *m_watcher = nullptr;
+    std::vector<std::weak_ptr<Candle>> m_candles;
+    QObject m_context; // ends the connections with the service
+};
+
+} // namespace desk
