@@ -9,7 +9,8 @@ namespace {
 constexpr long day = 86400;
 
 long at(int year, int month, int dayOfMonth) {
-    return static_cast<long>(QDateTime(QDate(year, month, dayOfMonth), QTime(0, 0), Qt::UTC).toSecsSinceEpoch());
+    return static_cast<long>(
+        QDateTime(QDate(year, month, dayOfMonth), QTime(0, 0), Qt::UTC).toSecsSinceEpoch());
 }
 
 } // namespace

@@ -1,5 +1,5 @@
-#include "chart/ScaleDrag.h"
 #include "chart/ZoomModel.h"
+#include "chart/ScaleDrag.h"
 
 #include <climits>
 #include <gtest/gtest.h>
@@ -45,16 +45,17 @@ TEST(ZoomModel, PointsAfterARebuild) {
         bool autoZoomOut;
         int expected;
     } cases[] = {
-        {1, true, 30, false, 60},     // a new window
-        {1, true, 4, false, 8},       // twice the free space, whatever comes out
-        {1, true, 0, false, 60},      // which may be nothing
-        {1, true, 200, true, 60},     // and may be too much
-        {46, true, 30, false, 46},    {0, false, 30, false, 60},  {500, false, 30, false, 500},
-        {101, false, 30, true, 60},   {100, false, 30, true, 100}, {101, true, 30, true, 60},
+        {1, true, 30, false, 60}, // a new window
+        {1, true, 4, false, 8},   // twice the free space, whatever comes out
+        {1, true, 0, false, 60},  // which may be nothing
+        {1, true, 200, true, 60}, // and may be too much
+        {46, true, 30, false, 46},  {0, false, 30, false, 60},   {500, false, 30, false, 500},
+        {101, false, 30, true, 60}, {100, false, 30, true, 100}, {101, true, 30, true, 60},
         {9, false, 30, false, 9},
     };
     for (const auto &item : cases)
-        EXPECT_EQ(pointsAfterRebuild(item.points, item.first, item.freeSpace, item.autoZoomOut), item.expected)
+        EXPECT_EQ(pointsAfterRebuild(item.points, item.first, item.freeSpace, item.autoZoomOut),
+                  item.expected)
             << item.points << ' ' << item.first << ' ' << item.freeSpace << ' ' << item.autoZoomOut;
 }
 

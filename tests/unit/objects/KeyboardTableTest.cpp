@@ -29,15 +29,18 @@ INSTANTIATE_TEST_SUITE_P(
         KeyCase{Qt::Key_Plus, none, KeyCommand::ZoomIn}, KeyCase{Qt::Key_Equal, ctrl, KeyCommand::ZoomIn},
         KeyCase{Qt::Key_Minus, none, KeyCommand::ZoomOut}, KeyCase{Qt::Key_A, ctrl, KeyCommand::SelectAll},
         KeyCase{Qt::Key_A, none, KeyCommand::MarkSelection}, KeyCase{Qt::Key_N, none, KeyCommand::NewArea},
-        KeyCase{Qt::Key_N, ctrl, KeyCommand::NewArea}, KeyCase{Qt::Key_BraceLeft, shift, KeyCommand::SymbolImages},
+        KeyCase{Qt::Key_N, ctrl, KeyCommand::NewArea},
+        KeyCase{Qt::Key_BraceLeft, shift, KeyCommand::SymbolImages},
         KeyCase{Qt::Key_Escape, none, KeyCommand::Escape}, KeyCase{Qt::Key_Delete, none, KeyCommand::Delete},
         KeyCase{Qt::Key_Home, none, KeyCommand::ToStart}, KeyCase{Qt::Key_Home, ctrl, KeyCommand::ToStart},
         KeyCase{Qt::Key_End, none, KeyCommand::ToEnd}, KeyCase{Qt::Key_Left, none, KeyCommand::Left},
         KeyCase{Qt::Key_Left, alt, KeyCommand::LeftTen}, KeyCase{Qt::Key_Left, ctrl, KeyCommand::LeftToStart},
-        KeyCase{Qt::Key_Left, ctrl | alt, KeyCommand::LeftToStart}, KeyCase{Qt::Key_Right, none, KeyCommand::Right},
-        KeyCase{Qt::Key_Right, alt, KeyCommand::RightTen}, KeyCase{Qt::Key_Right, ctrl, KeyCommand::RightToEnd},
-        KeyCase{Qt::Key_PageUp, none, KeyCommand::PageUp}, KeyCase{Qt::Key_PageDown, none, KeyCommand::PageDown},
-        KeyCase{Qt::Key_B, none, KeyCommand::None}, KeyCase{Qt::Key_X, ctrl, KeyCommand::None}));
+        KeyCase{Qt::Key_Left, ctrl | alt, KeyCommand::LeftToStart},
+        KeyCase{Qt::Key_Right, none, KeyCommand::Right}, KeyCase{Qt::Key_Right, alt, KeyCommand::RightTen},
+        KeyCase{Qt::Key_Right, ctrl, KeyCommand::RightToEnd},
+        KeyCase{Qt::Key_PageUp, none, KeyCommand::PageUp},
+        KeyCase{Qt::Key_PageDown, none, KeyCommand::PageDown}, KeyCase{Qt::Key_B, none, KeyCommand::None},
+        KeyCase{Qt::Key_X, ctrl, KeyCommand::None}));
 
 TEST(KeyboardReadOut, FollowsTheKeysThatMoveTheView) {
     EXPECT_TRUE(movesReadOut(KeyCommand::ZoomIn));
