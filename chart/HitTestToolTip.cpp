@@ -4,11 +4,10 @@
 #include "chart/HitTestToolTip.h"
 #include "chart/Primitive.h"
 #include "chart/PrimitiveMarks.h"
-#include "module/DateTime.h"
+#include "chart/TimeText.h"
 #include "module/GraphModule.h"
 #include "support/Numbers.h"
 
-#include <QDateTime>
 
 namespace {
 
@@ -18,14 +17,6 @@ constexpr int topOfStrip = 20; // pixels of a scale strip that belong to the but
 
 QString joined(const QString &a, const QString &b) {
     return a.isEmpty() || b.isEmpty() ? a + b : a + separator + b;
-}
-
-QString dateText(long timeSec, const char *formatId) {
-    const CModule *host = GetModule();
-    if (!host || !host->GetDateTime())
-        return QString();
-    const QDateTime time = QDateTime::fromSecsSinceEpoch(timeSec, Qt::UTC);
-    return host->GetDateTime()->toString(time, host->tr(formatId, nullptr));
 }
 
 } // namespace
@@ -48,9 +39,9 @@ void CRGraphLayer::AddToolTip(const CRPrimitive *primitive, int dataIndex) {
     entry.isIntraday = array->identity.m_periods.period == 'I';
     entry.decimals = decimalsOf(m_tick);
     const long time = primitive->GetTime(dataIndex);
-    entry.date = dateText(time, "G0ddMMyyyy");
+    entry.date = timeText(time, "G0ddMMyyyy");
     if (entry.isIntraday)
-        entry.time = dateText(time, "G0hhmmss");
+        entry.time = timeText(time, "G0hhmmss");
     switch (primitive->m_type) {
     case PT_CANDLE:
     case PT_BAR:
