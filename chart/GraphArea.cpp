@@ -42,18 +42,18 @@ CRGraphLayer *CRGraphArea::GetLayer(int index, const QString &name) {
             return m_layers.front();
     }
     const QPointer<CRGraphWidget> window(m_pWidget);
-    CChooseLayerDialog dialog(this, index, name);
-    if (dialog.exec() != QDialog::Accepted)
+    // The dialog runs an event loop: the window may go in it, and takes the dialog with it.
+    const QPointer<CChooseLayerDialog> dialog = new CChooseLayerDialog(this, index, name);
+    const bool accepted = dialog->exec() == QDialog::Accepted && dialog;
+    const int chosen = accepted ? dialog->GetLayer() : -1;
+    delete dialog.data();
+    if (!accepted || !window || window->FindArea(this) < 0)
         return nullptr;
-    // The dialog ran an event loop: this pane may be gone.
-    if (!window || window->FindArea(this) < 0)
-        return nullptr;
-    const int chosen = dialog.GetLayer();
     const int count = static_cast<int>(m_layers.size());
     if (chosen >= 0 && chosen < count)
         return m_layers[static_cast<std::size_t>(chosen)];
     const QString numbered = QString(window->Module()->tr("G0034") + QLatin1String(" %1")).arg(count + 1);
-    auto *layer = new CRGraphLayer(this, name.isEmpty() ? numbered : name);
+    const QPointer<CRGraphLayer> layer = new CRGraphLayer(this, name.isEmpty() ? numbered : name);
     AddGraphLayer(layer);
     return layer;
 }

@@ -31,8 +31,9 @@ int CRGraphWidget::CreateArea(int index) {
     area->m_properties = CRGraphArea::Properties(this);
     AddGraphArea(area, index + 1);
     update();
+    const QPointer<CRGraphWidget> guard(this);
     UndoMilestone(m_module->tr("Create area"));
-    return FindArea(area);
+    return guard ? FindArea(area) : -1;
 }
 
 int CRGraphWidget::CreateLayer(int area) {

@@ -6,11 +6,11 @@
 #include "chart/GraphWidget.h"
 #include "module/FindObject.h"
 #include "module/HostCalls.h"
+#include "objects/Warning.h"
 #include "support/Log.h"
 #include "support/Skin.h"
 
 #include <QBuffer>
-#include <QMessageBox>
 
 namespace {
 
@@ -176,14 +176,14 @@ bool CRGraphModule::ApplyTemplate(CRGraphWidget *widget, const mvwcDpaItem &item
     if (widget->m_indicators.empty()) {
         const QString text = tr("G0185");
         logLine(logMsgSystem, logWarning, text, nullptr);
-        QMessageBox::warning(widget, tr("C0071Warn"), text);
+        showWarning(widget, tr("C0071Warn"), text);
         return false;
     }
     const QString path = fieldText(item.instrument.m_szNameSymbol);
     const QString title = tr("G0204");
     const QString name = path.isEmpty() ? fieldText(item.shortName) : path;
     logLine(logMsgSystem, logWarning, title, nullptr);
-    QMessageBox::warning(widget, title, tr("G0203").arg(name));
+    showWarning(widget, title, tr("G0203").arg(name));
     return false;
 }
 

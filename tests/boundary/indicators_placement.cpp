@@ -24,8 +24,7 @@ TEST(IndicatorAdding, SendsItsMessagesInOrder) {
     FakeHost host;
     const Chart chart = host.createChart();
     host.addInstrument(chart, "EURUSD");
-    host.addIndicatorKind(indicatorKind("IND", 0, 1, {"A", "B"}));
-    acceptLayer(host);
+    host.addIndicatorKind(indicatorKind("IND", 3, 1, {"A", "B"}));
     host.clearTraffic();
     EXPECT_EQ(host.addIndicator(chart, "IND"), 0);
     std::vector<unsigned> numbers = traffic(host);
@@ -35,8 +34,8 @@ TEST(IndicatorAdding, SendsItsMessagesInOrder) {
     const std::vector<unsigned> expected = {
         ToHost::IndicatorNeedsSource, ToHost::CreateObject,    ToHost::Subscribe,    ToHost::SourceCount,
         ToHost::HandOverSources,      ToHost::ConfirmObject,   ToHost::OutputCount,  ToHost::OutputArrays,
-        ToHost::FullPath,             ToHost::DisplayNames,    ToHost::DisplayNames, ToHost::HorizontalLevels,
-        ToHost::LinkCount,            ToHost::Milestone};
+        ToHost::FullPath,             ToHost::Milestone,       ToHost::DisplayNames, ToHost::DisplayNames,
+        ToHost::HorizontalLevels,     ToHost::LinkCount,       ToHost::Milestone};
     ASSERT_GE(numbers.size(), expected.size());
     numbers.resize(expected.size());
     EXPECT_EQ(numbers, expected);
