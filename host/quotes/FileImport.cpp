@@ -19,15 +19,15 @@ QString counted(qint64 count) {
     return QLocale(QLocale::English).toString(count);
 }
 
-// The first lines of a file, for finding out its form; `binary` when it is no text.
+// The first lines of a file, for finding out its form; `binary` when it does not even begin as text.
 QByteArrayList firstLines(QFile &file, bool &binary) {
     QByteArrayList lines;
     LineReader reader(file);
     Piece line;
     while (lines.size() < sampleLines && reader.lineNumber() < 2 * sampleLines && reader.next(line)) {
         if (reader.isBinary()) {
-            binary = true;
-            return lines;
+            binary = lines.isEmpty();
+            break;
         }
         if (!reader.isCut() && !isIdleLine(line))
             lines << QByteArray(line.begin, line.size());

@@ -28,9 +28,13 @@ public:
             fields.resize(size_t(std::min(count, mostColumns)));
             m_rows.push_back(std::move(fields));
         }
-        std::map<size_t, int> counts;
-        for (const auto &row : m_rows)
+        std::map<size_t, int> counts; // of the rows that the separator cuts at all
+        for (const auto &row : m_rows) {
+            if (row.size() < 2)
+                continue;
             ++counts[row.size()];
+            ++m_cut;
+        }
         for (const auto &[width, count] : counts) {
             if (count > m_matching) {
                 m_matching = count;
@@ -41,7 +45,7 @@ public:
 
     char separator() const { return m_separator; }
     int width() const { return int(m_width); }
-    bool isTable() const { return m_width >= 2 && m_matching * 10 >= int(m_rows.size()) * 6; }
+    bool isTable() const { return m_width >= 2 && m_matching * 10 >= m_cut * 6; }
     const std::vector<Piece> &front() const { return m_rows.front(); }
     void dropFront() { m_rows.erase(m_rows.begin()); }
     void keepMatching() {
@@ -62,12 +66,13 @@ private:
     std::vector<std::vector<Piece>> m_rows;
     size_t m_width = 0;
     int m_matching = 0;
+    int m_cut = 0;
 };
 
-// Nine in ten fields satisfy the test.
+// Six in ten fields satisfy the test: some lines may be broken.
 template <class Test> bool mostly(const std::vector<Piece> &fields, Test test) {
     const auto passed = std::count_if(fields.begin(), fields.end(), test);
-    return !fields.empty() && passed * 10 >= std::ptrdiff_t(fields.size()) * 9;
+    return !fields.empty() && passed * 10 >= std::ptrdiff_t(fields.size()) * 6;
 }
 
 bool isDigits(Piece text) {

@@ -67,8 +67,6 @@ bool LineReader::fill() {
         else
             m_lineEnd = '\r';
     }
-    if (added > 0 && std::memchr(m_text.data() + old, 0, added))
-        m_binary = true;
     return true;
 }
 
@@ -86,6 +84,13 @@ bool LineReader::next(Piece &line) {
         }
         searched = left;
         if (left > size_t(longestLine)) { // only its beginning is of use
+            if (std::memchr(begin, 0, size_t(longestLine))) { // and this is no text: its end may be far away
+                line = {begin, begin + longestLine};
+                m_from += size_t(longestLine);
+                m_cut = m_binary = true;
+                ++m_lineNumber;
+                return true;
+            }
             m_cut = true;
             m_text.resize(m_from + size_t(longestLine));
             searched = size_t(longestLine);
@@ -103,6 +108,7 @@ bool LineReader::next(Piece &line) {
         m_cut = true;
         line.end = line.begin + longestLine;
     }
+    m_binary = !line.isEmpty() && std::memchr(line.begin, 0, size_t(line.size()));
     if (!line.isEmpty() && line.end[-1] == '\r')
         --line.end;
     return true;

@@ -24,7 +24,7 @@ public:
     qint64 lineNumber() const { return m_lineNumber; } // of the line just read, from 1
     qint64 bytesRead() const { return m_bytesRead; }
     bool isCut() const { return m_cut; }       // the line was longer than `longestLine`
-    bool isBinary() const { return m_binary; } // a zero byte was met: no text
+    bool isBinary() const { return m_binary; } // the line has a zero byte: no text
 
 private:
     bool fill();

@@ -34,20 +34,25 @@ template <class Point> std::vector<Point> pointsOf(const QByteArray &bytes) {
 QuoteStore::QuoteStore() : m_connection(connectionName()) {}
 
 QuoteStore::~QuoteStore() {
+    close();
+}
+
+void QuoteStore::close() {
+    if (!m_database.isValid())
+        return;
     m_database.close();
     m_database = QSqlDatabase();
     QSqlDatabase::removeDatabase(m_connection);
 }
 
 QString QuoteStore::open(const QString &path) {
+    close();
     QString reason;
     if (!path.isEmpty()) {
         reason = openFile(path);
         if (reason.isEmpty())
             return reason;
-        m_database.close();
-        m_database = QSqlDatabase();
-        QSqlDatabase::removeDatabase(m_connection);
+        close();
     }
     openFile(QStringLiteral(":memory:"));
     return reason;

@@ -88,6 +88,7 @@ public:
 
 private:
     QString openFile(const QString &path);
+    void close();
     bool makeTables();
     bool addChunk(qint64 series, qint32 first, qint32 last, int count, const QByteArray &data);
     bool run(const QString &statement, const QVariantList &values = {});

@@ -39,8 +39,11 @@ QString Replay::open(const QuoteFile &file) {
     LineReader sample(m_file);
     Piece line;
     while (lines.size() < sampleLines && sample.next(line)) {
-        if (sample.isBinary())
-            return refusal(QStringLiteral("it is binary data, no text"));
+        if (sample.isBinary()) {
+            if (lines.isEmpty())
+                return refusal(QStringLiteral("it is binary data, no text"));
+            break;
+        }
         if (!isIdleLine(line) && !sample.isCut())
             lines << QByteArray(line.begin, line.size());
     }
