@@ -29,6 +29,12 @@ void choosePlatform(const QStringList &arguments) {
     qputenv("QT_QPA_PLATFORM", platforms.join(QLatin1Char(';')).toLocal8Bit());
 }
 
+// The toolkit's own remarks are for developers; a user gets sentences of the desk.
+void handleToolkitMessage(QtMsgType type, const QMessageLogContext &, const QString &message) {
+    if (type == QtCriticalMsg || type == QtFatalMsg || qEnvironmentVariableIsSet("VELMAR_DESK_DEBUG"))
+        std::fprintf(stderr, "%s\n", qPrintable(message));
+}
+
 int refuse(const QString &sentence) {
     std::fprintf(stderr, "%s\n", qPrintable(sentence));
     return nothingToShow;
@@ -40,6 +46,7 @@ int main(int argc, char **argv) {
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
         arguments << QString::fromLocal8Bit(argv[i]);
+    qInstallMessageHandler(handleToolkitMessage);
     choosePlatform(arguments);
     // The rooms of the charts have window ids; what surrounds them needs none.
     QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);

@@ -30,9 +30,11 @@ TextService::TextService(Host &host)
     : Service(host), m_language(QString::fromLatin1(known[0].name)), m_translator(std::make_unique<TextTranslator>()) {
     take(coreHandle(), {ToHost::InsertText, ToHost::LanguageCount, ToHost::Languages});
     QCoreApplication::installTranslator(m_translator.get());
+    DateService::setLocale(QLocale(known[0].locale, known[0].country));
 }
 
 TextService::~TextService() {
+    DateService::setLocale(QLocale(known[0].locale, known[0].country));
     QCoreApplication::removeTranslator(m_translator.get());
 }
 

@@ -6,6 +6,7 @@
 namespace desk {
 
 QString Trace::open(const QString &fileName) {
+    m_file.close();
     m_file.setFileName(fileName);
     if (!m_file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text))
         return QCoreApplication::translate("desk", "The trace file %1 cannot be written: %2.")

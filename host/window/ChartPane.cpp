@@ -16,6 +16,8 @@ namespace desk {
 
 namespace {
 
+constexpr int headerHeight = 28;
+
 QToolButton *headerButton(QWidget *parent, const QString &icon, const QString &name) {
     auto *button = new QToolButton(parent);
     button->setIcon(theme::icon(icon));
@@ -46,6 +48,7 @@ ChartPane::ChartPane(Host &host, QWidget *parent) : QFrame(parent), m_host(host)
     m_header = new QWidget(this);
     m_header->setObjectName(QStringLiteral("chartHeader"));
     m_header->setAttribute(Qt::WA_StyledBackground);
+    m_header->setFixedHeight(headerHeight);
     auto *row = new QHBoxLayout(m_header);
     row->setContentsMargins(8, 1, 3, 1);
     row->setSpacing(2);
@@ -92,7 +95,7 @@ bool ChartPane::create() {
     }
     // The chart's tool bar stretches over its parent, which therefore takes the size that the bar wants.
     if (const auto *bar = m_strip->findChild<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
-        m_strip->setFixedSize(bar->sizeHint().expandedTo(QSize(1, 1)));
+        m_strip->setFixedSize(qMax(1, bar->sizeHint().width()), headerHeight - 2);
     resizeChart();
     return true;
 }
@@ -117,6 +120,7 @@ void ChartPane::takeFocus() {
 
 void ChartPane::setActive(bool active) {
     m_active = active;
+    m_strip->setVisible(active);
     setProperty("active", active);
     m_header->setProperty("active", active);
     repolish(this);

@@ -80,6 +80,9 @@ MainWindow::MainWindow(Host &host, Journal &journal)
     m_stateTimer.setSingleShot(true);
     m_stateTimer.setInterval(0);
     connect(&m_stateTimer, &QTimer::timeout, this, &MainWindow::showChartState);
+    // What was said before there was a window.
+    if (!journal.lines().empty())
+        m_message->setText(journal.lines().back().text);
     m_host.setFront(this);
     retranslate();
     showChartState();

@@ -79,7 +79,6 @@ void MainWindow::captionChanged(Handle window, const QString &caption) {
 }
 
 void MainWindow::milestone(const QString &text) {
-    setWindowModified(true);
     if (!text.isEmpty())
         m_actions->add(text);
     scheduleChartState();

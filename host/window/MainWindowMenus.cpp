@@ -57,10 +57,12 @@ void MainWindow::makeDocks() {
     addDockWidget(Qt::BottomDockWidgetArea, m_log);
     addDockWidget(Qt::BottomDockWidgetArea, m_actions);
     tabifyDockWidget(m_log, m_actions);
+    for (QDockWidget *dock : findChildren<QDockWidget *>())
+        dock->setFeatures(QDockWidget::DockWidgetClosable | QDockWidget::DockWidgetMovable);
     for (QDockWidget *hidden : {static_cast<QDockWidget *>(m_properties), static_cast<QDockWidget *>(m_information),
                                 static_cast<QDockWidget *>(m_log), static_cast<QDockWidget *>(m_actions)})
         hidden->hide();
-    resizeDocks({m_symbols, m_properties}, {250, 300}, Qt::Horizontal);
+    resizeDocks({m_symbols, m_properties}, {290, 320}, Qt::Horizontal);
     resizeDocks({m_symbols, m_indicators}, {240, 420}, Qt::Vertical);
     resizeDocks({m_log}, {150}, Qt::Vertical);
 }

@@ -63,7 +63,10 @@ QString Session::dataFolder(const Options &options) {
 
 // What is said while the files are read goes to the terminal; afterwards the main window shows it.
 void Session::echo(Level level, const QString &sentence) {
-    if (!m_started && !m_window)
+    if (m_window)
+        return;
+    m_journal->add(level, QStringLiteral("Desk"), sentence);
+    if (!m_unattended || int(level) < int(Level::Warning))
         std::fprintf(int(level) >= int(Level::Warning) ? stderr : stdout, "%s\n", qPrintable(sentence));
 }
 
@@ -259,6 +262,9 @@ void Session::stop() {
     m_window->deck().closeAll();
     m_host->sendToModule(ToModule::MainWindowCloses);
     m_host->sendToModule(ToModule::Stop);
+    // Widgets that the module built into a page must be gone before its code is.
+    m_window->properties().showPage(PageKey(), Page(), nullptr);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     m_host->unload();
 }
 

@@ -42,7 +42,9 @@ SymbolPanel::SymbolPanel(QWidget *parent) : QDockWidget(parent) {
     m_view->setContextMenuPolicy(Qt::CustomContextMenu);
     m_view->header()->setSectionsMovable(false);
     m_view->header()->setStretchLastSection(false);
-    m_view->header()->setMinimumSectionSize(30);
+    m_view->header()->setMinimumSectionSize(40);
+    m_view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_view->setTextElideMode(Qt::ElideNone);
     m_view->header()->setSectionResizeMode(SymbolColumn, QHeaderView::Stretch);
     for (const int column : {BidColumn, AskColumn, SpreadColumn})
         m_view->header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);

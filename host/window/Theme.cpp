@@ -1,6 +1,7 @@
 #include "host/window/Theme.h"
 #include <QApplication>
 #include <QFile>
+#include <QFont>
 #include <QPainter>
 #include <QPalette>
 #include <QPixmap>
@@ -63,6 +64,9 @@ QIcon icon(const QString &name) {
 
 void apply(QApplication &application) {
     application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QFont font = application.font();
+    font.setPointSize(9);
+    application.setFont(font);
     QPalette palette;
     palette.setColor(QPalette::Window, windowColour);
     palette.setColor(QPalette::WindowText, textColour);

@@ -217,10 +217,16 @@ TEST_F(CoreTest, NullRecordsAreRefusedWithoutACrash) {
     host.addService<DateService>();
     Recorder &candle = host.addService<Recorder>("CANDLE");
     const Handle handle = host.objects().add(std::make_shared<TestObject>(candle, true));
-    for (unsigned message = 3000; message < 3300; ++message) {
+    for (unsigned message = 3000; message < 3300; ++message)
         send(message);
+    // A handle without the record that belongs to it.
+    for (const unsigned message :
+         {ToHost::InterfaceNames, ToHost::Subscribe, ToHost::Unsubscribe, ToHost::SystemNumber,
+          ToHost::InterfaceOfObject, ToHost::LinkCount, ToHost::Links, ToHost::Identity, ToHost::BindLoadedLine,
+          ToHost::HorizontalLevels, ToHost::ObjectProperties, ToHost::FullPath, ToHost::SourceInterface,
+          ToHost::SourceName, ToHost::SourcePeriod, ToHost::DisplayNames, ToHost::BaseObject,
+          ToHost::OwnerLineNumber, ToHost::MenuText, ToHost::ObjectOfNumber})
         send(message, int(handle));
-    }
     EXPECT_TRUE(host.objects().find(handle));
 }
 
