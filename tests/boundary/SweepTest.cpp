@@ -2,7 +2,6 @@
 // the host calling back in the middle of each message.
 #include "tests/support/FakeHost.h"
 
-#include <QEvent>
 #include <gtest/gtest.h>
 
 namespace {
@@ -105,6 +104,14 @@ TEST(Sweep, EachKindOfMessageRefusedThroughout) {
     }
 }
 
+bool painting(FakeHost &host) {
+    for (const Chart &chart : host.charts()) {
+        if (chart.widget && chart.widget->testAttribute(Qt::WA_WState_InPaintEvent))
+            return true;
+    }
+    return false;
+}
+
 // What the host does in the middle of the n-th call.
 void interrupted(const std::function<void(FakeHost &, const Call &)> &work) {
     const int total = callsOfScenario();
@@ -127,6 +134,14 @@ TEST(Reentrance, ATickInEachMessage) {
     interrupted([](FakeHost &host, const Call &) { host.tick(); });
 }
 
+TEST(Reentrance, TheWindowsEndInEachMessage) {
+    interrupted([](FakeHost &host, const Call &) {
+        if (host.charts().empty() || !host.charts().front().widget || painting(host))
+            return;
+        host.send(ToModule::DeleteWindow, host.charts().front().handle);
+    });
+}
+
 TEST(Reentrance, AQuoteInEachMessage) {
     interrupted([](FakeHost &host, const Call &) {
         for (FakeObject *object : host.objects()) {
@@ -137,10 +152,13 @@ TEST(Reentrance, AQuoteInEachMessage) {
 }
 
 TEST(Reentrance, APaintInEachMessage) {
-    interrupted([](FakeHost &host, const Call &call) {
-        // A host does not paint from within a paint.
-        if (call.depth > 0 && !host.charts().empty() && host.charts().back().widget)
-            host.charts().back().widget->update();
+    interrupted([](FakeHost &host, const Call &) {
+        if (painting(host))
+            return; // no host paints from within a paint
+        for (const Chart &chart : host.charts()) {
+            if (chart.widget)
+                chart.widget->update();
+        }
         host.settle();
     });
 }
@@ -157,7 +175,8 @@ TEST(Reentrance, ASecondWindowInEachMessage) {
 
 TEST(Reentrance, AnotherInstrumentInEachMessage) {
     interrupted([](FakeHost &host, const Call &) {
-        if (!host.charts().empty() && host.charts().front().handle)
+        // Adding may ask the user, which no host does from within a paint.
+        if (!host.charts().empty() && host.charts().front().widget && !painting(host))
             host.addInstrument(host.charts().front(), "USDJPY");
     });
 }

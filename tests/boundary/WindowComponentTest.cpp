@@ -269,8 +269,7 @@ TEST(OwnerOfObject, IsTheWindowThatHoldsIt) {
         bytes::Record record(16);
         bytes::put<Word>(record.data(), 4, object);
         const int result = host.send(5025u, record.data());
-        if (result == 0)
-            EXPECT_EQ(bytes::u32(record.data(), 8), host.moduleInterface());
+        EXPECT_EQ(bytes::u32(record.data(), 8), result == 0 ? host.moduleInterface() : 0);
         *widget = bytes::u32(record.data(), 12);
         return result;
     };

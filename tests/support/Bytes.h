@@ -29,7 +29,7 @@ inline QString text8(const void *record, int offset, int width) {
     int length = 0;
     while (length < width && text[length])
         ++length;
-    return QString::fromLocal8Bit(text, length);
+    return QString::fromLocal8Bit(QByteArray(text, length));
 }
 
 inline QString text16(const void *record, int offset, int width) {

@@ -60,6 +60,14 @@ void FakeHost::setUp() {
     m_shelf.reset(new QWidget);
     slider = new QSlider(Qt::Horizontal, m_shelf.get());
     slider->setRange(-1000, 0);
+    QObject::connect(slider, &QSlider::valueChanged, [this](int value) {
+        if (m_open)
+            send(ToModule::ZoomChange, 0, value);
+    });
+    QObject::connect(slider, &QSlider::sliderPressed, [this] {
+        if (m_open)
+            send(ToModule::ZoomChange, 8, slider->value());
+    });
     zoomInButton = new QToolButton(m_shelf.get());
     zoomOutButton = new QToolButton(m_shelf.get());
     lastCandleButton = new QToolButton(m_shelf.get());
@@ -278,14 +286,15 @@ int FakeHost::take(void *target, unsigned message, int wParam, int lParam) {
 }
 
 int FakeHost::defaultAnswer(void *target, unsigned message, int wParam, int lParam) {
+    // Each leaves `known` true for a message of its own.
     bool known = true;
     int result = answerCore(message, wParam, lParam, &known);
     if (!known)
-        result = answerObject(message, wParam, lParam, &known);
+        result = answerObject(message, wParam, lParam, &(known = true));
     if (!known)
-        result = answerWindow(message, wParam, lParam, &known);
+        result = answerWindow(message, wParam, lParam, &(known = true));
     if (!known)
-        result = answerEngine(target, message, wParam, lParam, &known);
+        result = answerEngine(target, message, wParam, lParam, &(known = true));
     return known ? result : 0;
 }
 
