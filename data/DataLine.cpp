@@ -9,10 +9,10 @@ constexpr int maxOwnFields = 100;
 constexpr long minGrowth = 300; // points
 
 const char *const fieldNames[CRMDataLine::fieldCount] = {
-    "TIME",    "OPEN",    "HIGH",    "LOW",     "CLOSE",   "VALUE",   "VOLUME",  "SIGN",
-    "POSITION", "COUNT",  "ALL",     "TIME0",   "VALUE0",  "OPERID0", "REASON0", "TIME1",
-    "VALUE1",  "OPERID1", "REASON1", "TIME2",   "VALUE2",  "OPERID2", "REASON2", "TIME3",
-    "VALUE3",  "OPERID3", "REASON3", "TIME4",   "VALUE4",  "OPERID4", "REASON4"};
+    "TIME",     "OPEN",    "HIGH",    "LOW",   "CLOSE",  "VALUE",   "VOLUME",  "SIGN",
+    "POSITION", "COUNT",   "ALL",     "TIME0", "VALUE0", "OPERID0", "REASON0", "TIME1",
+    "VALUE1",   "OPERID1", "REASON1", "TIME2", "VALUE2", "OPERID2", "REASON2", "TIME3",
+    "VALUE3",   "OPERID3", "REASON3", "TIME4", "VALUE4", "OPERID4", "REASON4"};
 
 int slotOf(const QString &name) {
     for (int i = 0; i < CRMDataLine::fieldCount; ++i)
@@ -185,7 +185,8 @@ void CRMDataLine::SetName(const QString &symbol, const QString &type, char perio
 // Appends to the symbol in place. The symbol's neighbours stay as they are: what does not fit is left out.
 void CRMDataLine::SetAdditionalName(const QString &name) {
     if (m_pArray)
-        fillField(m_pArray->identity.m_szNameSymbol, fieldText(m_pArray->identity.m_szNameSymbol) + ' ' + name);
+        fillField(m_pArray->identity.m_szNameSymbol,
+                  fieldText(m_pArray->identity.m_szNameSymbol) + ' ' + name);
 }
 
 void CRMDataLine::SetOwner(void *owner) {
@@ -251,6 +252,9 @@ void CRMDataLine::Create() {
     m_pArray = array;
     m_owned = true;
     m_capacity = 0;
+    m_lastCount = 0;
+    m_fieldTypes.clear();
+    m_fieldOffsets.clear();
     std::memset(m_arrayCopy, 0, sizeof m_arrayCopy);
 }
 

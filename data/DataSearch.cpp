@@ -22,7 +22,8 @@ auto withReader(DATA_POINT_TYPES type, Visit visit) {
     case DPT_DOUBLE:
         return visit([](const unsigned char *source) { return static_cast<double>(*source); });
     case DPT_SHORT:
-        return visit([](const unsigned char *source) { return static_cast<double>(load<unsigned short>(source)); });
+        return visit(
+            [](const unsigned char *source) { return static_cast<double>(load<unsigned short>(source)); });
     case DPT_LONG:
         return visit([](const unsigned char *source) { return static_cast<double>(load<int>(source)); });
     case DPT_FLOAT:
@@ -68,8 +69,9 @@ double CRMDataLine::ValueByName(const QString &field, int index) const {
     const auto offset = m_fieldOffsets.find(field);
     if (!m_pArray || !m_pArray->data || offset == m_fieldOffsets.end())
         return 0.0;
-    const unsigned char *source =
-        m_pArray->data + static_cast<ptrdiff_t>(index) * static_cast<int>(m_pArray->recordSize) + offset->second;
+    const unsigned char *source = m_pArray->data +
+                                  static_cast<ptrdiff_t>(index) * static_cast<int>(m_pArray->recordSize) +
+                                  offset->second;
     return withReader(GetFieldType(field), [&](auto read) { return read(source); });
 }
 
@@ -95,7 +97,8 @@ int CRMDataLine::FindElement(const QString &field, double value, int from, int t
         return -1;
     const Range range = forwardRange(from, to, m_pArray->count);
     return withReader(GetFieldType(field), [&](auto read) {
-        const unsigned char *source = m_pArray->data + static_cast<size_t>(range.from) * m_pArray->recordSize + offset;
+        const unsigned char *source =
+            m_pArray->data + static_cast<size_t>(range.from) * m_pArray->recordSize + offset;
         for (int i = range.from; i <= range.to; ++i, source += m_pArray->recordSize)
             if (read(source) == value)
                 return i;
@@ -141,8 +144,9 @@ void CRMDataLine::GetStringRepresentation(QString &out) const {
     static const struct {
         Field field;
         const char *name;
-    } columns[] = {{TIME, "TIME"},   {OPEN, "OPEN"},     {HIGH, "HIGH"}, {LOW, "LOW"},          {CLOSE, "CLOSE"},
-                   {VALUE, "VALUE"}, {VOLUME, "VOLUME"}, {SIGN, "SIGN"}, {POSITION, "POSITION"}};
+    } columns[] = {{TIME, "TIME"},     {OPEN, "OPEN"},   {HIGH, "HIGH"},
+                   {LOW, "LOW"},       {CLOSE, "CLOSE"}, {VALUE, "VALUE"},
+                   {VOLUME, "VOLUME"}, {SIGN, "SIGN"},   {POSITION, "POSITION"}};
     for (const auto &column : columns)
         if (HasField(column.field))
             out += QLatin1String(column.name) + QLatin1Char('\t');
@@ -165,7 +169,8 @@ void CRMDataLine::GetStringRepresentation(QString &out) const {
                 out += QString::asprintf("%d", longAt(POSITION, i));
                 break;
             case VOLUME:
-                out += locale.toString(double(floatAt(VOLUME, i)), 'f', m_pArray->precision).remove(QChar(160));
+                out +=
+                    locale.toString(double(floatAt(VOLUME, i)), 'f', m_pArray->precision).remove(QChar(160));
                 break;
             default:
                 out += locale.toString(double(floatAt(column.field, i)), 'f', m_pArray->precision);

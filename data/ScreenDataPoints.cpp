@@ -22,5 +22,4 @@ void ScreenDataPointsUpdate::Update(int points, CRGraphWidget *widget) const {
     bar->setPageStep(screenPoints);
 }
 
-void ScreenDataPointsNotUpdate::Update(int, CRGraphWidget *) const {
-}
+void ScreenDataPointsNotUpdate::Update(int, CRGraphWidget *) const {}

@@ -6,8 +6,8 @@
 #include <QVBoxLayout>
 
 CMvAutoscrollProperty::CMvAutoscrollProperty(const QString &checkText, const QString &checkHint,
-                                             const QString &numberText, const QString &numberHint, int minimum,
-                                             int maximum, int value, QWidget *parent)
+                                             const QString &numberText, const QString &numberHint,
+                                             int minimum, int maximum, int value, QWidget *parent)
     : QWidget(parent), m_check(new QCheckBox(checkText, this)), m_label(new QLabel(numberText, this)),
       m_spin(new QSpinBox(this)) {
     m_check->setToolTip(checkHint);

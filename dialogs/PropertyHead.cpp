@@ -79,8 +79,8 @@ void CPropertyHead::CopyWidgetParam(const PROPERTY_PAGE &page) {
         for (Word index = 0; from.items && index < from.count; ++index) {
             const PROPERTY *source = from.items[index];
             PROPERTY *target = getPropertyItem(static_cast<int>(group), static_cast<int>(index));
-            if (source && target && source->type == PropertyTypeWidget && target->type == PropertyTypeWidget &&
-                source->value && target->value)
+            if (source && target && source->type == PropertyTypeWidget &&
+                target->type == PropertyTypeWidget && source->value && target->value)
                 std::memcpy(target->value, source->value, sizeof(propertyWidget));
         }
     }
@@ -100,17 +100,18 @@ int CPropertyHead::addGroup(PROPERTY_GROUP &group) {
 }
 
 // Appends a deep copy of the group; its index, or -1 when the memory runs out.
-int CPropertyHead::CopyGroup(const PROPERTY_GROUP &from) {
+int CPropertyHead::CopyGroup(const PROPERTY_GROUP &group) {
+    const PROPERTY_GROUP from = group; // it may lie in the array that grows
     void *grown = std::realloc(m_page.groups, (m_page.groupCount + 1) * sizeof(PROPERTY_GROUP));
     if (!grown)
         return -1;
     m_page.groups = static_cast<PROPERTY_GROUP *>(grown);
     const int index = static_cast<int>(m_page.groupCount);
-    PROPERTY_GROUP &group = m_page.groups[index];
-    group = from;
-    group.index = m_page.groupCount++;
-    group.count = 0;
-    group.items = nullptr;
+    PROPERTY_GROUP &copy = m_page.groups[index];
+    copy = from;
+    copy.index = m_page.groupCount++;
+    copy.count = 0;
+    copy.items = nullptr;
     for (Word i = 0; from.items && i < from.count; ++i)
         if (from.items[i] && addProperty(index, *from.items[i]) < 0)
             return -1;

@@ -13,8 +13,8 @@ class QFont;
 class CPropertyHead {
 public:
     CPropertyHead();
-    CPropertyHead(const unsigned short *title, const unsigned short *firstText, const unsigned short *secondText,
-                  const CORE_OBJECT_SYSTEM &system = CORE_OBJECT_SYSTEM{});
+    CPropertyHead(const unsigned short *title, const unsigned short *firstText,
+                  const unsigned short *secondText, const CORE_OBJECT_SYSTEM &system = CORE_OBJECT_SYSTEM{});
     explicit CPropertyHead(const PROPERTY_PAGE &page);
     CPropertyHead(const CPropertyHead &other);
     CPropertyHead &operator=(const PROPERTY_PAGE &page);
@@ -42,14 +42,15 @@ public:
     int addProperty(int group, PROPERTY &item);
     int AddPropertyIntItem(int group, const QString &name, const QString &description, int value, int minimum,
                            int maximum, bool readOnly = false);
-    int AddPropertyIntItem(int group, const unsigned short *name, const unsigned short *description, int value,
-                           int minimum, int maximum, bool readOnly = false);
+    int AddPropertyIntItem(int group, const unsigned short *name, const unsigned short *description,
+                           int value, int minimum, int maximum, bool readOnly = false);
     int AddPropertyDoubleItem(int group, const QString &name, const QString &description, double value, bool,
                               int digits, bool readOnly = false);
     int AddPropertyDoubleItem(int group, const unsigned short *name, const unsigned short *description,
                               double value, bool, int digits, bool readOnly = false);
     int AddPropertyBoolItem(int group, const QString &name, const QString &description, bool value);
-    int AddPropertyBoolItem(int group, const unsigned short *name, const unsigned short *description, bool value);
+    int AddPropertyBoolItem(int group, const unsigned short *name, const unsigned short *description,
+                            bool value);
     int AddPropertyTextItem(int group, const QString &name, const QString &description, const QString &value);
     int AddPropertyTextItem(int group, const unsigned short *name, const unsigned short *description,
                             const unsigned short *value);
@@ -73,14 +74,15 @@ public:
 
     // ---- reading and changing items ----
     PROPERTY *getPropertyItem(int group, int index) const; // null out of range
-    PROPERTY *SetProperty(int group, int index, QVariant value); // null out of range; throws PropertyException
+    PROPERTY *SetProperty(int group, int index,
+                          QVariant value); // null out of range; throws PropertyException
     QVariant GetPropertyItem(int group, int index) const;
     int ChangePropertyListItem(int group, int index, QStringList items, int selected);
 
 private:
-    int addItem(int group, Word type, const unsigned short *name, const unsigned short *description, void *value,
-                bool readOnly);
-    int CopyGroup(const PROPERTY_GROUP &from);
+    int addItem(int group, Word type, const unsigned short *name, const unsigned short *description,
+                void *value, bool readOnly);
+    int CopyGroup(const PROPERTY_GROUP &group);
     void freeMemoAllProperty(LIST_PROPERTY *items, Word count);
     void freeMemoAllGroup();
 

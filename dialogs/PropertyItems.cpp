@@ -40,8 +40,8 @@ int CPropertyHead::addProperty(int group, PROPERTY &item) {
     return static_cast<int>(target->count++);
 }
 
-int CPropertyHead::addItem(int group, Word type, const unsigned short *name, const unsigned short *description,
-                           void *value, bool readOnly) {
+int CPropertyHead::addItem(int group, Word type, const unsigned short *name,
+                           const unsigned short *description, void *value, bool readOnly) {
     auto item = zeroRecord<PROPERTY>();
     item.type = type;
     fillField(item.name, readText(name, labelLength));
@@ -51,8 +51,9 @@ int CPropertyHead::addItem(int group, Word type, const unsigned short *name, con
     return addProperty(group, item);
 }
 
-int CPropertyHead::AddPropertyIntItem(int group, const unsigned short *name, const unsigned short *description,
-                                      int value, int minimum, int maximum, bool readOnly) {
+int CPropertyHead::AddPropertyIntItem(int group, const unsigned short *name,
+                                      const unsigned short *description, int value, int minimum, int maximum,
+                                      bool readOnly) {
     propertyInt record{value, minimum, maximum};
     return addItem(group, PropertyTypeInt, name, description, &record, readOnly);
 }
@@ -74,18 +75,19 @@ int CPropertyHead::AddPropertyDoubleItem(int group, const QString &name, const Q
     return AddPropertyDoubleItem(group, raw(name), raw(description), value, ignored, digits, readOnly);
 }
 
-int CPropertyHead::AddPropertyBoolItem(int group, const unsigned short *name, const unsigned short *description,
-                                       bool value) {
+int CPropertyHead::AddPropertyBoolItem(int group, const unsigned short *name,
+                                       const unsigned short *description, bool value) {
     propertyBoolean record{static_cast<unsigned char>(value ? 1 : 0)};
     return addItem(group, PropertyTypeBoolean, name, description, &record, false);
 }
 
-int CPropertyHead::AddPropertyBoolItem(int group, const QString &name, const QString &description, bool value) {
+int CPropertyHead::AddPropertyBoolItem(int group, const QString &name, const QString &description,
+                                       bool value) {
     return AddPropertyBoolItem(group, raw(name), raw(description), value);
 }
 
-int CPropertyHead::AddPropertyTextItem(int group, const unsigned short *name, const unsigned short *description,
-                                       const unsigned short *value) {
+int CPropertyHead::AddPropertyTextItem(int group, const unsigned short *name,
+                                       const unsigned short *description, const unsigned short *value) {
     auto record = zeroRecord<propertyString>();
     fillField(record.text, readText(value, 1024));
     return addItem(group, PropertyTypeString, name, description, &record, false);
@@ -96,8 +98,8 @@ int CPropertyHead::AddPropertyTextItem(int group, const QString &name, const QSt
     return AddPropertyTextItem(group, raw(name), raw(description), raw(value));
 }
 
-int CPropertyHead::AddPropertyColorItem(int group, const unsigned short *name, const unsigned short *description,
-                                        const QColor &value) {
+int CPropertyHead::AddPropertyColorItem(int group, const unsigned short *name,
+                                        const unsigned short *description, const QColor &value) {
     propertyColor record{value.rgb()};
     return addItem(group, PropertyTypeColor, name, description, &record, false);
 }
@@ -107,8 +109,8 @@ int CPropertyHead::AddPropertyColorItem(int group, const QString &name, const QS
     return AddPropertyColorItem(group, raw(name), raw(description), value);
 }
 
-int CPropertyHead::AddPropertyFontItem(int group, const unsigned short *name, const unsigned short *description,
-                                       const QFont &value) {
+int CPropertyHead::AddPropertyFontItem(int group, const unsigned short *name,
+                                       const unsigned short *description, const QFont &value) {
     auto record = zeroRecord<propertyFont>();
     fillField(record.family, value.family());
     record.pointSize = value.pointSize();
@@ -133,8 +135,8 @@ int CPropertyHead::AddPropertyDateTimeItem(int group, const QString &name, const
     return AddPropertyDateTimeItem(group, raw(name), raw(description), value);
 }
 
-int CPropertyHead::AddPropertyListItem(int group, const unsigned short *name, const unsigned short *description,
-                                       QStringList items, int selected) {
+int CPropertyHead::AddPropertyListItem(int group, const unsigned short *name,
+                                       const unsigned short *description, QStringList items, int selected) {
     std::vector<propertyListEntry> entries = entriesOf(items);
     propertyList record{items.size(), selected, entries.data()};
     return addItem(group, PropertyTypeList, name, description, &record, false);

@@ -250,9 +250,10 @@ CPropertyParamItem *make(PROPERTY *item, bool deep) {
 using Maker = CPropertyParamItem *(*)(PROPERTY *, bool);
 
 // By type number.
-constexpr Maker makers[] = {make<CPropertyParamInt>,     make<CPropertyParamDouble>,  make<CPropertyParamString>,
-                            make<CPropertyParamColor>,   make<CPropertyParamFont>,    make<CPropertyParamList>,
-                            make<CPropertyParamDateTime>, make<CPropertyParamBoolean>, make<CPropertyParamWidget>};
+constexpr Maker makers[] = {
+    make<CPropertyParamInt>,      make<CPropertyParamDouble>,  make<CPropertyParamString>,
+    make<CPropertyParamColor>,    make<CPropertyParamFont>,    make<CPropertyParamList>,
+    make<CPropertyParamDateTime>, make<CPropertyParamBoolean>, make<CPropertyParamWidget>};
 
 } // namespace
 

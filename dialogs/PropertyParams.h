@@ -12,7 +12,7 @@ public:
     CPropertyParamItem &operator=(const CPropertyParamItem &) = delete;
     virtual ~CPropertyParamItem();
 
-    virtual QVariant GetPropertyItem() const = 0; // invalid without a value record
+    virtual QVariant GetPropertyItem() const = 0;  // invalid without a value record
     virtual void SetProperty(QVariant &value) = 0; // throws PropertyException
     virtual int GetLenItems() const = 0;           // size of the value record
 
@@ -70,7 +70,7 @@ class CPropertyParamList : public CPropertyParamItem {
 public:
     CPropertyParamList(PROPERTY *item, bool deep);
     ~CPropertyParamList() override;
-    QVariant GetPropertyItem() const override; // the selected index
+    QVariant GetPropertyItem() const override;  // the selected index
     void SetProperty(QVariant &value) override; // an index, or the text of an entry
     int GetLenItems() const override { return sizeof(propertyList); }
 };

@@ -2,11 +2,11 @@
 #include "chart/GraphWidget.h"
 #include "module/GraphModule.h"
 
-SelectLsDlg::SelectLsDlg(QWidget *parent) : CSelectObjectsDlg("G0153", "|SelectLsDlg|345", parent) {
-}
+SelectLsDlg::SelectLsDlg(QWidget *parent) : CSelectObjectsDlg("G0153", "|SelectLsDlg|345", parent) {}
 
 // The studies of a series are those that the host lists for its array.
-void SelectLsDlg::collect(CRGraphWidget *widget, CRGraphLayer *layer, QStringList &texts, QStringList &types) {
+void SelectLsDlg::collect(CRGraphWidget *widget, CRGraphLayer *layer, QStringList &texts,
+                          QStringList &types) {
     auto *module = GetModule<CRGraphModule>();
     std::vector<CRPrimitive *> primitives;
     widget->GetLayerPrimitives(layer, &primitives);
@@ -23,8 +23,8 @@ void SelectLsDlg::collect(CRGraphWidget *widget, CRGraphLayer *layer, QStringLis
         for (const CORE_OBJECT_SYSTEM &study : studies) {
             char ascii[256] = {};
             QString title;
-            if (!study.m_object ||
-                module->GetLs().GetName(fromWord<void>(study.m_if), fromWord<void>(study.m_object), ascii, title) != 0)
+            if (!study.m_object || module->GetLs().GetName(fromWord<void>(study.m_if),
+                                                           fromWord<void>(study.m_object), ascii, title) != 0)
                 continue;
             ascii[255] = 0;
             // All pictures are one type, whatever they show.

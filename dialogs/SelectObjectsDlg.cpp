@@ -34,7 +34,8 @@ void setState(QTreeWidgetItem *item, Qt::CheckState state) {
 } // namespace
 
 CSelectObjectsDlg::CSelectObjectsDlg(const char *titleId, const char *logTag, QWidget *parent)
-    : QDialog(parent), m_objectTree(new QTreeWidget(this)), m_typeTree(new QTreeWidget(this)), m_logTag(logTag) {
+    : QDialog(parent), m_objectTree(new QTreeWidget(this)), m_typeTree(new QTreeWidget(this)),
+      m_logTag(logTag) {
     const CModule *module = GetModule();
     setModal(true);
     setWindowTitle(module->tr(titleId));
@@ -66,12 +67,13 @@ bool CSelectObjectsDlg::Create(void *data) {
         if (!data)
             throw std::invalid_argument("no chart window");
         fill(static_cast<CRGraphWidget *>(data));
-        connect(m_typeTree, &QTreeWidget::itemChanged, this, &CSelectObjectsDlg::OnCheckItem, Qt::UniqueConnection);
+        connect(m_typeTree, &QTreeWidget::itemChanged, this, &CSelectObjectsDlg::OnCheckItem,
+                Qt::UniqueConnection);
         QCoreApplication::postEvent(this, new QEvent(finishEvent));
         return true;
     } catch (const std::exception &error) {
-        logLine(logMsgModule, logError, windowTitle() + ": the list of objects cannot be made: " + error.what(),
-                m_logTag);
+        logLine(logMsgModule, logError,
+                windowTitle() + ": the list of objects cannot be made: " + error.what(), m_logTag);
         return false;
     }
 }

@@ -44,7 +44,8 @@ protected:
     bool event(QEvent *event) override;
     void customEvent(QEvent *event) override;
     // Adds the texts of a layer's objects to `texts`, and of their types to `types`, without repeats.
-    virtual void collect(CRGraphWidget *widget, CRGraphLayer *layer, QStringList &texts, QStringList &types) = 0;
+    virtual void collect(CRGraphWidget *widget, CRGraphLayer *layer, QStringList &texts,
+                         QStringList &types) = 0;
 
 private:
     void fill(CRGraphWidget *widget);

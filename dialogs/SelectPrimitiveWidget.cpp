@@ -22,7 +22,8 @@ bool isEnter(const QKeyEvent *event) {
 
 // The series of the strategy tester go by the names of their outputs.
 bool isTesterName(const QString &name) {
-    for (const char *sign : {"Deal long", "Deal short", "Order long", "Order short", "Close long", "Close short"})
+    for (const char *sign :
+         {"Deal long", "Deal short", "Order long", "Order short", "Close long", "Close short"})
         if (name == QLatin1String(sign))
             return true;
     return false;
@@ -36,15 +37,15 @@ QString titleOf(CRPrimitive *primitive) {
 }
 
 bool isSameSeries(const coreNameInstrument &a, const coreNameInstrument &b) {
-    return fieldText(a.m_szNameSymbol) == fieldText(b.m_szNameSymbol) && fieldText(a.m_szType) == fieldText(b.m_szType) &&
-           a.m_periods.period == b.m_periods.period && a.m_periods.lenPeriod == b.m_periods.lenPeriod;
+    return fieldText(a.m_szNameSymbol) == fieldText(b.m_szNameSymbol) &&
+           fieldText(a.m_szType) == fieldText(b.m_szType) && a.m_periods.period == b.m_periods.period &&
+           a.m_periods.lenPeriod == b.m_periods.lenPeriod;
 }
 
 } // namespace
 
 gui::ButtonHelp::ButtonHelp(const QString &text, CSelectPrimitiveWidget *owner)
-    : Button(text, owner), m_owner(owner) {
-}
+    : Button(text, owner), m_owner(owner) {}
 
 void gui::ButtonHelp::keyPressEvent(QKeyEvent *event) {
     if (isEnter(event))
@@ -54,8 +55,7 @@ void gui::ButtonHelp::keyPressEvent(QKeyEvent *event) {
 }
 
 gui::ButtonCancel::ButtonCancel(const QString &text, CSelectPrimitiveWidget *owner)
-    : Button(text, owner), m_owner(owner) {
-}
+    : Button(text, owner), m_owner(owner) {}
 
 void gui::ButtonCancel::keyPressEvent(QKeyEvent *event) {
     if (isEnter(event))
@@ -64,8 +64,8 @@ void gui::ButtonCancel::keyPressEvent(QKeyEvent *event) {
         Button::keyPressEvent(event);
 }
 
-CSelectPrimitiveWidget::CSelectPrimitiveWidget(CRGraphWidget *widget, const QString &title, const QString &name,
-                                               bool templateMode)
+CSelectPrimitiveWidget::CSelectPrimitiveWidget(CRGraphWidget *widget, const QString &title,
+                                               const QString &name, bool templateMode)
     : QDialog(widget), m_widget(widget), m_templateMode(templateMode), m_combo(new QComboBox(this)) {
     const CModule *module = GetModule();
     setWindowTitle(title);
@@ -123,8 +123,9 @@ void CSelectPrimitiveWidget::SelectPrimitiveInCombo(CRPrimitive *primitive) {
 
 CRPrimitive *CSelectPrimitiveWidget::GetCurrentPrimitive() const {
     const int index = m_combo->currentIndex();
-    return index < 0 || index >= static_cast<int>(m_primitives.size()) ? nullptr
-                                                                       : m_primitives[static_cast<size_t>(index)];
+    return index < 0 || index >= static_cast<int>(m_primitives.size())
+               ? nullptr
+               : m_primitives[static_cast<size_t>(index)];
 }
 
 void CSelectPrimitiveWidget::OnOK() {

@@ -2,10 +2,10 @@
 #include "chart/GraphWidget.h"
 #include "objects/Indicator.h"
 
-SelectSymDlg::SelectSymDlg(QWidget *parent) : CSelectObjectsDlg("G0157", "|SelectSymDlg|279", parent) {
-}
+SelectSymDlg::SelectSymDlg(QWidget *parent) : CSelectObjectsDlg("G0157", "|SelectSymDlg|279", parent) {}
 
-void SelectSymDlg::collect(CRGraphWidget *widget, CRGraphLayer *layer, QStringList &texts, QStringList &types) {
+void SelectSymDlg::collect(CRGraphWidget *widget, CRGraphLayer *layer, QStringList &texts,
+                           QStringList &types) {
     std::vector<CRPrimitive *> primitives;
     widget->GetLayerPrimitives(layer, &primitives);
     for (CRPrimitive *primitive : primitives) {

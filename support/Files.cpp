@@ -41,7 +41,8 @@ QString GetTempFileName(const QString &folder, const QString &prefix, const QStr
     if (!dir.exists(prefix + ending))
         return dir.filePath(prefix + ending);
     int highest = 0;
-    const QStringList names = dir.entryList({QStringLiteral("*(*)*")}, QDir::AllEntries | QDir::Hidden | QDir::System);
+    const QStringList names =
+        dir.entryList({QStringLiteral("*(*)*")}, QDir::AllEntries | QDir::Hidden | QDir::System);
     for (const QString &name : names) {
         if (!name.startsWith(prefix + '(') || !name.endsWith(')' + ending))
             continue;

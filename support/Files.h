@@ -5,7 +5,12 @@
 class CModule;
 
 // The host's enumeration of folders; the numbers used here.
-enum MV_FOLDERS : int { folderConfiguration = 2, folderUserImages = 152, folderTemplates = 154, folderSkins = 156 };
+enum MV_FOLDERS : int {
+    folderConfiguration = 2,
+    folderUserImages = 152,
+    folderTemplates = 154,
+    folderSkins = 156
+};
 
 QString GetForbiddenFileNameSymbols(); // for messages
 bool IsValidFileName(const QString &name);

@@ -87,7 +87,8 @@ public:
     }
     // Takes a font as it is, without the size rule.
     CMvFont(const QFont &font)
-        : QFont(font), m_logicalSize(font.pointSize()), m_correctedSize(font.pointSize()), m_module(GetModule()) {
+        : QFont(font), m_logicalSize(font.pointSize()), m_correctedSize(font.pointSize()),
+          m_module(GetModule()) {
         OperationSystemFontInvertCorrection();
     }
     virtual void setFamily(const QString &family) { QFont::setFamily(family); }

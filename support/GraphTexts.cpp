@@ -90,9 +90,8 @@ const std::array<DefaultText, 196> &graphDefaultTexts() {
         {"G0085", "Auto scroll positions"},
         {"G0086", "Auto scroll"},
         {"G0087", "Two-color titles"},
-        {"G0088Message",
-         "Chart window contains one or several chart areas with currency charts, indicators, "
-         "instruments and etc."},
+        {"G0088Message", "Chart window contains one or several chart areas with currency charts, indicators, "
+                         "instruments and etc."},
         {"G0094", "Trading"},
         {"G0107", "Auto-adjust with trade"},
         {"G0108Message", "The value scale auto-adjust given trading information"},
@@ -122,12 +121,10 @@ const std::array<DefaultText, 196> &graphDefaultTexts() {
         {"G0141", "Time"},
         {"G0142", "Choose date and time to go to"},
         {"G0143", "You can only delete manually added in System Tester objects."},
-        {"G0144",
-         "The layer could not be deleted because it contains objects\nwhich were created in System "
-         "Tester."},
-        {"G0145",
-         "The area could not be deleted because it contains objects\nwhich were created in System "
-         "Tester."},
+        {"G0144", "The layer could not be deleted because it contains objects\nwhich were created in System "
+                  "Tester."},
+        {"G0145", "The area could not be deleted because it contains objects\nwhich were created in System "
+                  "Tester."},
         {"G0147", "You can not copy/paste candle/indicator/line from another window."},
         {"G0150", "You can not add new candle."},
         {"G0151", "Save screenshot to file"},

@@ -30,8 +30,7 @@ Log::Log() : m_text(new unsigned short[firstCapacity]) {
 Log::~Log() = default;
 
 // A log of the host has no file of its own.
-void Log::Create(const QString &, eLogMsgType, unsigned int) {
-}
+void Log::Create(const QString &, eLogMsgType, unsigned int) {}
 
 void Log::Create(char *name, HostFunction hostFunction, void *hostHandle, eLogMsgType) {
     Create(QString::fromLocal8Bit(name), hostFunction, hostHandle);
@@ -74,7 +73,8 @@ int Log::SendMessage() {
     m_length = 1;
     int result = 1;
     if (m_writeLine) {
-        const coreLogRecord record{m_name.get(), static_cast<Word>(m_type), static_cast<Word>(m_level), text.get()};
+        const coreLogRecord record{m_name.get(), static_cast<Word>(m_type), static_cast<Word>(m_level),
+                                   text.get()};
         result = m_writeLine(&record);
     }
     if (!m_text) {

@@ -156,8 +156,12 @@ public:
 // The usual chains in one call. `tag` is "|File|line"; null leaves it out.
 void logLine(coreLogMsgType type, coreLogMsgLevel level, const char *text, const char *tag);
 void logLine(coreLogMsgType type, coreLogMsgLevel level, const QString &text, const char *tag);
-inline void trace(const char *text, const char *tag) { logLine(logMsgModule, logTrace, text, tag); }
-inline void trace(const QString &text, const char *tag) { logLine(logMsgModule, logTrace, text, tag); }
+inline void trace(const char *text, const char *tag) {
+    logLine(logMsgModule, logTrace, text, tag);
+}
+inline void trace(const QString &text, const char *tag) {
+    logLine(logMsgModule, logTrace, text, tag);
+}
 
 namespace my {
 double atof(char *text, const char *decimalPoints);

@@ -105,8 +105,8 @@ CLogFile &CLogFile::operator<<(eLogMsgType kind) {
 }
 
 void CLogFile::writeLine() {
-    const QString line = QDateTime::currentDateTime().toTimeSpec(Qt::UTC).toString("dd/MM/yy hh:mm:ss") + '\t' +
-                         QLatin1String(labelOf(m_kind)) + '\t' + m_line + "\r\n";
+    const QString line = QDateTime::currentDateTime().toTimeSpec(Qt::UTC).toString("dd/MM/yy hh:mm:ss") +
+                         '\t' + QLatin1String(labelOf(m_kind)) + '\t' + m_line + "\r\n";
     if (m_hostMode) {
         if (m_hostFunction)
             m_hostFunction(m_hostHandle, ToHost::LogFileLine, toWord(line.utf16()), 0);

@@ -13,38 +13,32 @@ QChar decimalSeparator(const mwiSeparators &separators) {
 }
 
 MoneyString::MoneyString(const mwiSeparators &separators, short value)
-    : MoneyString(separators, static_cast<long long>(value)) {
-}
+    : MoneyString(separators, static_cast<long long>(value)) {}
 
 MoneyString::MoneyString(const mwiSeparators &separators, unsigned short value)
-    : MoneyString(separators, static_cast<long long>(value)) {
-}
+    : MoneyString(separators, static_cast<long long>(value)) {}
 
 MoneyString::MoneyString(const mwiSeparators &separators, int value)
-    : MoneyString(separators, static_cast<long long>(value)) {
-}
+    : MoneyString(separators, static_cast<long long>(value)) {}
 
 MoneyString::MoneyString(const mwiSeparators &separators, unsigned int value)
-    : MoneyString(separators, static_cast<long long>(value)) {
-}
+    : MoneyString(separators, static_cast<long long>(value)) {}
 
 MoneyString::MoneyString(const mwiSeparators &separators, long value)
-    : MoneyString(separators, static_cast<long long>(value)) {
-}
+    : MoneyString(separators, static_cast<long long>(value)) {}
 
 MoneyString::MoneyString(const mwiSeparators &separators, unsigned long value)
-    : MoneyString(separators, static_cast<long long>(value)) {
-}
+    : MoneyString(separators, static_cast<long long>(value)) {}
 
 MoneyString::MoneyString(const mwiSeparators &separators, long long value) : m_separators(separators) {
     m_text = PrepareIntegerPart(value);
 }
 
 MoneyString::MoneyString(const mwiSeparators &separators, float value, int digits)
-    : MoneyString(separators, static_cast<double>(value), digits) {
-}
+    : MoneyString(separators, static_cast<double>(value), digits) {}
 
-MoneyString::MoneyString(const mwiSeparators &separators, double value, int digits) : m_separators(separators) {
+MoneyString::MoneyString(const mwiSeparators &separators, double value, int digits)
+    : m_separators(separators) {
     m_text = PrepareFloatPart(value, digits);
 }
 
@@ -66,7 +60,8 @@ QString MoneyString::PrepareFloatPart(double value, int digits) const {
     const int point = number.indexOf('.');
     // A value beyond 64 bits is grouped from its own digits.
     const bool fits = rounded < 9223372036854775808.0;
-    QString text = fits ? PrepareIntegerPart(static_cast<long long>(rounded)) : GetString(number.left(point), false);
+    QString text =
+        fits ? PrepareIntegerPart(static_cast<long long>(rounded)) : GetString(number.left(point), false);
     if (point >= 0)
         text += decimalSeparator(m_separators) + number.mid(point + 1);
     return value < 0 ? '-' + text : text;
@@ -152,7 +147,8 @@ void GetDecimalValueMoney(QString &out, double value, int digits, KaltoMoneyPosi
     out = ConvertToMoneyFormat(out, position, false, mark);
 }
 
-QString ConvertToMoneyFormat(const QString &text, KaltoMoneyPosition position, bool space, const QString &mark) {
+QString ConvertToMoneyFormat(const QString &text, KaltoMoneyPosition position, bool space,
+                             const QString &mark) {
     if (text.isEmpty() || mark.isEmpty())
         return text;
     const QString gap = space ? QStringLiteral(" ") : QString();

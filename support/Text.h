@@ -88,8 +88,10 @@ QString FromValueToString(double value, const mwiSeparators &separators, int dig
 void GetDecimalValue(QString &out, double value, int digits);
 void GetDecimalValue(QString &out, float value, int digits);
 void GetDecimalValue(QString &out, int value);
-void GetDecimalValueMoney(QString &out, double value, int digits, KaltoMoneyPosition position, const QString &mark);
-QString ConvertToMoneyFormat(const QString &text, KaltoMoneyPosition position, bool space, const QString &mark);
+void GetDecimalValueMoney(QString &out, double value, int digits, KaltoMoneyPosition position,
+                          const QString &mark);
+QString ConvertToMoneyFormat(const QString &text, KaltoMoneyPosition position, bool space,
+                             const QString &mark);
 
 void TruncateCh(QString &text, QChar character);
 void TruncateLot(QString &text, DecimalSeparator separator);

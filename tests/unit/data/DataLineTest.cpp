@@ -89,11 +89,21 @@ TEST(DataLineTest, ARecordIsCopiedWhole) {
 }
 
 TEST(DataLineTest, EveryKnownFieldHasItsGetter) {
-    Fields fields = {{DPT_LONG, "TIME"},  {DPT_FLOAT, "OPEN"},  {DPT_FLOAT, "HIGH"},   {DPT_FLOAT, "LOW"},
-                     {DPT_FLOAT, "CLOSE"}, {DPT_FLOAT, "VALUE"}, {DPT_FLOAT, "VOLUME"}, {DPT_BYTE, "SIGN"},
-                     {DPT_LONG, "POSITION"}, {DPT_LONG, "COUNT"}, {DPT_LONG, "ALL"}};
+    Fields fields = {{DPT_LONG, "TIME"},     {DPT_FLOAT, "OPEN"},  {DPT_FLOAT, "HIGH"},   {DPT_FLOAT, "LOW"},
+                     {DPT_FLOAT, "CLOSE"},   {DPT_FLOAT, "VALUE"}, {DPT_FLOAT, "VOLUME"}, {DPT_BYTE, "SIGN"},
+                     {DPT_LONG, "POSITION"}, {DPT_LONG, "COUNT"},  {DPT_LONG, "ALL"}};
     Bytes record;
-    record.add(1).add(2.0f).add(3.0f).add(4.0f).add(5.0f).add(6.0f).add(7.0f).add((unsigned char)200).add(9).add(10).add(11);
+    record.add(1)
+        .add(2.0f)
+        .add(3.0f)
+        .add(4.0f)
+        .add(5.0f)
+        .add(6.0f)
+        .add(7.0f)
+        .add((unsigned char)200)
+        .add(9)
+        .add(10)
+        .add(11);
     for (int i = 0; i < 5; ++i) {
         const QString digit = QString::number(i);
         fields.push_back({DPT_LONG, "TIME" + digit});
@@ -135,8 +145,13 @@ TEST(DataLineTest, EveryKnownFieldHasItsGetter) {
 
 TEST(DataLineTest, ValuesByNameAreReadByTheirType) {
     FakeArray array;
-    array.setFields({{DPT_BYTE, "B"}, {DPT_SHORT, "S"}, {DPT_LONG, "L"}, {DPT_INT64, "I"},
-                     {DPT_FLOAT, "F"}, {DPT_DOUBLE, "D"}, {DPT_NONE, "N"}});
+    array.setFields({{DPT_BYTE, "B"},
+                     {DPT_SHORT, "S"},
+                     {DPT_LONG, "L"},
+                     {DPT_INT64, "I"},
+                     {DPT_FLOAT, "F"},
+                     {DPT_DOUBLE, "D"},
+                     {DPT_NONE, "N"}});
     array.append(Bytes()
                      .add((unsigned char)250)
                      .add((unsigned short)65000)
@@ -150,7 +165,8 @@ TEST(DataLineTest, ValuesByNameAreReadByTheirType) {
         const char *field;
         double value;
         int offset;
-    } rows[] = {{"B", 250, 0}, {"S", 65000, 1}, {"L", -5, 3}, {"I", 8, 7}, {"F", 2.5, 15}, {"D", 17, 19}, {"N", 0, 27}};
+    } rows[] = {{"B", 250, 0},  {"S", 65000, 1}, {"L", -5, 3}, {"I", 8, 7},
+                {"F", 2.5, 15}, {"D", 17, 19},   {"N", 0, 27}};
     for (const auto &row : rows) {
         EXPECT_EQ(line.ValueByName(row.field, 0), row.value) << row.field;
         EXPECT_EQ(line.GetFieldOffset(row.field), row.offset) << row.field;

@@ -12,7 +12,8 @@ TEST(DataPointViewTest, OffsetsByNameAndIndex) {
     const struct {
         const char *name;
         int index, offset;
-    } rows[] = {{"TIME", 0, 0}, {"CLOSE", 0, 16}, {"CLOSE", 2, 64}, {"CLOSE", 3, -1}, {"CLOSE", -1, -1}, {"NONE", 0, -1}};
+    } rows[] = {{"TIME", 0, 0},   {"CLOSE", 0, 16},  {"CLOSE", 2, 64},
+                {"CLOSE", 3, -1}, {"CLOSE", -1, -1}, {"NONE", 0, -1}};
     for (const auto &row : rows)
         EXPECT_EQ(view.Offset(row.name, row.index), row.offset) << row.name << row.index;
     EXPECT_EQ(view.TypeByName("CLOSE"), DPT_FLOAT);
@@ -22,8 +23,14 @@ TEST(DataPointViewTest, OffsetsByNameAndIndex) {
 
 TEST(DataPointViewTest, WidthsAreNotThoseOfALine) {
     FakeArray array;
-    array.setFields({{DPT_BYTE, "B"}, {DPT_NONE, "N"}, {DPT_SHORT, "S"}, {DPT_LONG, "L"}, {DPT_INT64, "I"},
-                     {DPT_FLOAT, "F"}, {DPT_DOUBLE, "D"}, {DPT_LONG, "END"}});
+    array.setFields({{DPT_BYTE, "B"},
+                     {DPT_NONE, "N"},
+                     {DPT_SHORT, "S"},
+                     {DPT_LONG, "L"},
+                     {DPT_INT64, "I"},
+                     {DPT_FLOAT, "F"},
+                     {DPT_DOUBLE, "D"},
+                     {DPT_LONG, "END"}});
     const std::vector<unsigned char> record(100);
     array.append(record.data());
     const CDataPointView view(array.header());

@@ -28,11 +28,12 @@ TEST_F(DataSearchTest, FindTime) {
     const struct {
         long time;
         int from, to, index;
-    } rows[] = {{300, 0, -1, 2},  {350, 0, -1, -1}, {50, 0, -1, -1},  {2000, 0, -1, -1}, {1000, 0, -1, 9},
-                {300, -5, 99, 2}, {300, 3, -1, -1}, {300, 2, 2, 2},   {300, 5, 2, -1},   {600, 5, 2, 5},
-                {1000, 50, 2, 9}, {500, 0, 3, -1},  {100, 0, 0, 0},   {200, 0, 0, -1}};
+    } rows[] = {{300, 0, -1, 2},  {350, 0, -1, -1}, {50, 0, -1, -1}, {2000, 0, -1, -1}, {1000, 0, -1, 9},
+                {300, -5, 99, 2}, {300, 3, -1, -1}, {300, 2, 2, 2},  {300, 5, 2, -1},   {600, 5, 2, 5},
+                {1000, 50, 2, 9}, {500, 0, 3, -1},  {100, 0, 0, 0},  {200, 0, 0, -1}};
     for (const auto &row : rows)
-        EXPECT_EQ(line.FindTime(row.time, row.from, row.to), row.index) << row.time << " " << row.from << " " << row.to;
+        EXPECT_EQ(line.FindTime(row.time, row.from, row.to), row.index)
+            << row.time << " " << row.from << " " << row.to;
 }
 
 TEST_F(DataSearchTest, FindTimeStopsAtTheFirstLaterPoint) {
@@ -45,9 +46,11 @@ TEST_F(DataSearchTest, FindElement) {
     const struct {
         double value;
         int from, to, index;
-    } rows[] = {{3, 0, -1, 2}, {3.5, 0, -1, -1}, {3, 3, -1, -1}, {3, -9, 99, 2}, {6, 5, 2, 5}, {3, 5, 2, -1}, {10, 77, -1, 9}};
+    } rows[] = {{3, 0, -1, 2}, {3.5, 0, -1, -1}, {3, 3, -1, -1}, {3, -9, 99, 2},
+                {6, 5, 2, 5},  {3, 5, 2, -1},    {10, 77, -1, 9}};
     for (const auto &row : rows)
-        EXPECT_EQ(line.FindElement("CLOSE", row.value, row.from, row.to), row.index) << row.value << " " << row.from;
+        EXPECT_EQ(line.FindElement("CLOSE", row.value, row.from, row.to), row.index)
+            << row.value << " " << row.from;
     EXPECT_EQ(line.FindElement("NONE", 3, 0, -1), -1);
     EXPECT_EQ(line.FindElement("CLOSE", NAN, 0, -1), -1);
     EXPECT_EQ(line.FindElement("TIME", 300, 0, -1), 2);
@@ -66,7 +69,7 @@ TEST_F(DataSearchTest, LowestAndHighest) {
     const struct {
         int from, to;
         double lowest, highest;
-    } rows[] = {{0, -1, 1, 10}, {2, 4, 3, 5},   {5, 2, 3, 3},  {-5, 1, 1, 2},
+    } rows[] = {{0, -1, 1, 10}, {2, 4, 3, 5},     {5, 2, 3, 3},  {-5, 1, 1, 2},
                 {8, 99, 9, 10}, {99, 99, 10, 10}, {99, 3, 4, 4}, {0, 0, 1, 1}};
     for (const auto &row : rows) {
         EXPECT_EQ(line.FindMinElement("CLOSE", row.from, row.to), row.lowest) << row.from << " " << row.to;
@@ -111,8 +114,12 @@ TEST_F(DataSearchTest, OnePoint) {
 TEST(DataDumpTest, ColumnsAndRows) {
     const QLocale before;
     FakeArray array;
-    array.setFields({{DPT_LONG, "POSITION"}, {DPT_BYTE, "SIGN"}, {DPT_LONG, "TIME"}, {DPT_FLOAT, "CLOSE"},
-                     {DPT_FLOAT, "VOLUME"}, {DPT_FLOAT, "OTHER"}});
+    array.setFields({{DPT_LONG, "POSITION"},
+                     {DPT_BYTE, "SIGN"},
+                     {DPT_LONG, "TIME"},
+                     {DPT_FLOAT, "CLOSE"},
+                     {DPT_FLOAT, "VOLUME"},
+                     {DPT_FLOAT, "OTHER"}});
     array.header()->precision = 2;
 #pragma pack(push, 1)
     const struct {
@@ -129,8 +136,11 @@ TEST(DataDumpTest, ColumnsAndRows) {
     const QLocale system = QLocale::system();
     const auto number = [&](double value) { return system.toString(value, 'f', 2); };
     EXPECT_EQ(text, "before:TIME\tCLOSE\tVOLUME\tSIGN\tPOSITION\t\n"
-                    "01/01/14 00:00:00\t" + number(1.5) + "\t" + number(1234567).remove(QChar(160)) + "\t3\t7\t\n"
-                    "\t" + number(0.25) + "\t" + number(0) + "\t200\t-1\t\n");
+                    "01/01/14 00:00:00\t" +
+                        number(1.5) + "\t" + number(1234567).remove(QChar(160)) +
+                        "\t3\t7\t\n"
+                        "\t" +
+                        number(0.25) + "\t" + number(0) + "\t200\t-1\t\n");
     EXPECT_EQ(QLocale(), system);
     QLocale::setDefault(before);
 }

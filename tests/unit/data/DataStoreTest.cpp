@@ -1,5 +1,5 @@
-#include "data/DataPoints.h"
 #include "data/DataStore.h"
+#include "data/DataPoints.h"
 #include "data/Exeption.h"
 #include "tests/support/Series.h"
 

@@ -1,5 +1,5 @@
-#include "chart/TimeScrollBar.h"
 #include "data/ScreenDataPoints.h"
+#include "chart/TimeScrollBar.h"
 #include "tests/unit/dialogs/TestChart.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@ TEST(ScreenDataPointsTest, AFewPointsGetFreeSpaceAndAWiderView) {
     const struct {
         int points, screenBefore;
         int freeAfter, screenAfter; // 30 is the free space that a chart starts with
-    } rows[] = {{60, 60, 30, 60}, {59, 60, 1, 61},  {30, 20, 30, 20}, {30, 30, 30, 90},
+    } rows[] = {{60, 60, 30, 60},   {59, 60, 1, 61},  {30, 20, 30, 20}, {30, 30, 30, 90},
                 {61, 200, 30, 200}, {0, 10, 60, 120}, {1, 1, 59, 119},  {59, 58, 30, 58}};
     TestChart chart;
     for (const auto &row : rows) {
@@ -18,7 +18,8 @@ TEST(ScreenDataPointsTest, AFewPointsGetFreeSpaceAndAWiderView) {
         chart->m_pScrollBar->m_nScreenDataPoints = row.screenBefore;
         ScreenDataPointsUpdate().Update(row.points, chart.get());
         EXPECT_EQ(chart->m_nFreeSpacePositions, row.freeAfter) << row.points << " " << row.screenBefore;
-        EXPECT_EQ(chart->m_pScrollBar->m_nScreenDataPoints, row.screenAfter) << row.points << " " << row.screenBefore;
+        EXPECT_EQ(chart->m_pScrollBar->m_nScreenDataPoints, row.screenAfter)
+            << row.points << " " << row.screenBefore;
     }
 }
 

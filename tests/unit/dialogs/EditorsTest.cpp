@@ -143,8 +143,9 @@ TEST_F(DialogTest, StandardButtonsAnswerTheirCode) {
         EXPECT_EQ(box->defaultButton(), box->button(QMessageBox::No));
         box->button(QMessageBox::Yes)->click();
     });
-    EXPECT_EQ(CMvMessageBox::warning(nullptr, "title", "text", QMessageBox::Yes | QMessageBox::No, QMessageBox::No),
-              QMessageBox::Yes);
+    EXPECT_EQ(
+        CMvMessageBox::warning(nullptr, "title", "text", QMessageBox::Yes | QMessageBox::No, QMessageBox::No),
+        QMessageBox::Yes);
 }
 
 TEST_F(DialogTest, ButtonTextsAnswerTheirIndex) {
@@ -164,14 +165,16 @@ TEST_F(DialogTest, NumberedButtonsAnswerTheirNumber) {
         EXPECT_EQ(box->icon(), QMessageBox::Information);
         box->button(QMessageBox::Ok)->click();
     });
-    EXPECT_EQ(CMvMessageBox::information(nullptr, "title", "text", int(QMessageBox::Ok), int(QMessageBox::Cancel)),
-              QMessageBox::Ok);
+    EXPECT_EQ(
+        CMvMessageBox::information(nullptr, "title", "text", int(QMessageBox::Ok), int(QMessageBox::Cancel)),
+        QMessageBox::Ok);
     inNextBox([](QMessageBox *box) {
         EXPECT_EQ(box->icon(), QMessageBox::Critical);
         box->button(QMessageBox::Cancel)->click();
     });
-    EXPECT_EQ(CMvMessageBox::critical(nullptr, "title", "text", int(QMessageBox::Ok), int(QMessageBox::Cancel)),
-              QMessageBox::Cancel);
+    EXPECT_EQ(
+        CMvMessageBox::critical(nullptr, "title", "text", int(QMessageBox::Ok), int(QMessageBox::Cancel)),
+        QMessageBox::Cancel);
 }
 
 } // namespace

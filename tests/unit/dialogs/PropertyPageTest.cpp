@@ -188,6 +188,14 @@ TEST_F(PageCopyTest, CopyingIntoAPageLeavesItsIdAndDropsItsGroups) {
     EXPECT_EQ(target.getCountPropertyInGroup(1), 3);
 }
 
+TEST_F(PageCopyTest, APageTakesACopyOfItsOwnGroup) {
+    for (int i = 2; i < 20; ++i)
+        EXPECT_EQ(page.addGroup(*page.getPropertyGroup(1)), i);
+    EXPECT_EQ(page.getCountPropertyInGroup(19), 3);
+    EXPECT_EQ(page.GetPropertyItem(19, 1), QVariant("value"));
+    EXPECT_EQ(Word(page.getPropertyItem(19, 1)->group), 19u);
+}
+
 TEST_F(PageCopyTest, OnlyWidgetValuesAreTaken) {
     CPropertyHead changed(page);
     changed.SetProperty(1, 1, QVariant("other"));

@@ -144,13 +144,20 @@ TEST_F(PropertyParamsTest, AParamOfAnotherTypeThanItsItemIsRefused) {
     PROPERTY *wrong = page.getPropertyItem(0, widgetItem);
     for (bool deep : {false, true}) {
         EXPECT_EQ(errorOfMaking([&] { CPropertyParamInt param(wrong, deep); }), "Error in CPropertyParamInt");
-        EXPECT_EQ(errorOfMaking([&] { CPropertyParamDouble param(wrong, deep); }), "Error in CPropertyParamDouble");
-        EXPECT_EQ(errorOfMaking([&] { CPropertyParamString param(wrong, deep); }), "Error in CPropertyParamString");
-        EXPECT_EQ(errorOfMaking([&] { CPropertyParamColor param(wrong, deep); }), "Error in CPropertyParamColor");
-        EXPECT_EQ(errorOfMaking([&] { CPropertyParamFont param(wrong, deep); }), "Error in CPropertyParamFont");
-        EXPECT_EQ(errorOfMaking([&] { CPropertyParamList param(wrong, deep); }), "Error in CPropertyParamList");
-        EXPECT_EQ(errorOfMaking([&] { CPropertyParamDateTime param(wrong, deep); }), "Error in CPropertyParamDateTime");
-        EXPECT_EQ(errorOfMaking([&] { CPropertyParamBoolean param(wrong, deep); }), "Error in CPropertyParamBoolean");
+        EXPECT_EQ(errorOfMaking([&] { CPropertyParamDouble param(wrong, deep); }),
+                  "Error in CPropertyParamDouble");
+        EXPECT_EQ(errorOfMaking([&] { CPropertyParamString param(wrong, deep); }),
+                  "Error in CPropertyParamString");
+        EXPECT_EQ(errorOfMaking([&] { CPropertyParamColor param(wrong, deep); }),
+                  "Error in CPropertyParamColor");
+        EXPECT_EQ(errorOfMaking([&] { CPropertyParamFont param(wrong, deep); }),
+                  "Error in CPropertyParamFont");
+        EXPECT_EQ(errorOfMaking([&] { CPropertyParamList param(wrong, deep); }),
+                  "Error in CPropertyParamList");
+        EXPECT_EQ(errorOfMaking([&] { CPropertyParamDateTime param(wrong, deep); }),
+                  "Error in CPropertyParamDateTime");
+        EXPECT_EQ(errorOfMaking([&] { CPropertyParamBoolean param(wrong, deep); }),
+                  "Error in CPropertyParamBoolean");
     }
 }
 

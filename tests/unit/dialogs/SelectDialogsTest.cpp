@@ -204,9 +204,7 @@ TEST_F(ChooseLayerTest, TheTreeHasEveryLayerAndANewOne) {
 
 TEST_F(ChooseLayerTest, TheOwnLayerIsNoChoice) {
     CChooseLayerDialog dialog(chart.area(), 1, QString());
-    const struct {
-        int row, layer;
-    } rows[] = {{0, 0}, {1, -1}, {2, 2}, {3, 3}};
+    const struct { int row, layer; } rows[] = {{0, 0}, {1, -1}, {2, 2}, {3, 3}};
     for (const auto &row : rows) {
         dialog.OnSelectionChanged(dialog.Tree()->topLevelItem(row.row), 0);
         EXPECT_EQ(dialog.GetLayer(), row.layer) << row.row;

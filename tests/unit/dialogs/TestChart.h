@@ -15,8 +15,8 @@ class TestChart {
 public:
     TestChart() {
         testApplication();
-        m_widget = std::make_unique<CRGraphWidget>(GetModule<CRGraphModule>(), nullptr, &m_parent, &m_toolBarParent,
-                                                   "chart", Qt::WindowFlags());
+        m_widget = std::make_unique<CRGraphWidget>(GetModule<CRGraphModule>(), nullptr, &m_parent,
+                                                   &m_toolBarParent, "chart", Qt::WindowFlags());
     }
     CRGraphWidget *operator->() const { return m_widget.get(); }
     CRGraphWidget *get() const { return m_widget.get(); }

@@ -1,5 +1,5 @@
-#include "module/HostMessages.h"
 #include "support/Files.h"
+#include "module/HostMessages.h"
 #include "tests/unit/support/UnitHost.h"
 
 #include <QDir>
@@ -76,11 +76,13 @@ TEST(FolderTest, TheHostTellsThePath) {
         fillField(record->path, QString("/home/user/templates"));
         return 0;
     };
-    EXPECT_EQ(GetPathByFolderType(UnitHost::send, fromWord<void>(9), folderTemplates), "/home/user/templates");
+    EXPECT_EQ(GetPathByFolderType(UnitHost::send, fromWord<void>(9), folderTemplates),
+              "/home/user/templates");
     EXPECT_EQ(asked, 154);
     EXPECT_EQ(host.messages.at(0).target, fromWord<void>(9));
     host.answers[ToHost::FolderPath] = [](int, int) { return 1; };
-    EXPECT_EQ(GetPathByFolderType(UnitHost::send, nullptr, folderTemplates), QApplication::applicationDirPath());
+    EXPECT_EQ(GetPathByFolderType(UnitHost::send, nullptr, folderTemplates),
+              QApplication::applicationDirPath());
     EXPECT_EQ(GetPathByFolderType(static_cast<HostFunction>(nullptr), nullptr, folderTemplates),
               QApplication::applicationDirPath());
     EXPECT_EQ(GetPathByFolderType(static_cast<CModule *>(nullptr), folderTemplates), "");

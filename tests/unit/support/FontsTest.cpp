@@ -10,7 +10,8 @@ TEST(FontsTest, FamiliesByElement) {
     const font::DefaultManager standard;
     const font::ChinaManager china;
     for (int code = 0; code <= 21; ++code) {
-        const bool tahoma = code == 1 || code == 2 || code == 3 || code == 7 || code == 10 || code == 19 || code == 21;
+        const bool tahoma =
+            code == 1 || code == 2 || code == 3 || code == 7 || code == 10 || code == 19 || code == 21;
         const char *family = tahoma ? "Tahoma" : code == 9 ? "Courier New" : "Arial";
         EXPECT_EQ(standard.GetFont(font::elementCode(code)), family) << code;
         EXPECT_EQ(china.GetFont(font::elementCode(code)), code == 21 ? "Arial" : "SimSun") << code;
@@ -25,7 +26,8 @@ TEST(FontsTest, TheLanguageChoosesTheManager) {
     const struct {
         const char *language;
         int sizeOf8;
-    } rows[] = {{"Chinese (Simplified)", 10}, {"English", 8}, {"", 8}, {"chinese (simplified)", 8}, {"Russian", 8}};
+    } rows[] = {
+        {"Chinese (Simplified)", 10}, {"English", 8}, {"", 8}, {"chinese (simplified)", 8}, {"Russian", 8}};
     for (const auto &row : rows) {
         const std::unique_ptr<font::Manager> manager(font::CreateManager(row.language));
         EXPECT_EQ(manager->getFontSize(8), row.sizeOf8) << row.language;

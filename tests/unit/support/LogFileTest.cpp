@@ -29,7 +29,9 @@ TEST_F(LogFileTest, ALineHasTimeLabelAndText) {
     log.Create(path, eLogMessage, 100);
     log << eLogMsgType(2) << "broken " << 7 << eLogMsgType(5);
     const QString line = QString::fromLocal8Bit(content(path));
-    EXPECT_TRUE(QRegularExpression("^\\d\\d/\\d\\d/\\d\\d \\d\\d:\\d\\d:\\d\\d\tERROR   \tbroken 7\r\n$").match(line).hasMatch())
+    EXPECT_TRUE(QRegularExpression("^\\d\\d/\\d\\d/\\d\\d \\d\\d:\\d\\d:\\d\\d\tERROR   \tbroken 7\r\n$")
+                    .match(line)
+                    .hasMatch())
         << qPrintable(line);
 }
 

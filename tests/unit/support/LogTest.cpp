@@ -1,5 +1,5 @@
-#include "module/HostMessages.h"
 #include "support/Log.h"
+#include "module/HostMessages.h"
 #include "tests/unit/support/UnitHost.h"
 
 #include <gtest/gtest.h>
@@ -55,7 +55,8 @@ TEST_F(LogTest, ConnectingAsksTheHostForItsWriterOnce) {
 
 TEST_F(LogTest, AChainIsOneLineWithItsTag) {
     connect();
-    log << coreLogMsgType(1) << coreLogMsgLevel(0) << "Starting Graph module" << "|GraphModule|938" << eLogMsgType(5);
+    log << coreLogMsgType(1) << coreLogMsgLevel(0) << "Starting Graph module"
+        << "|GraphModule|938" << eLogMsgType(5);
     ASSERT_EQ(written.size(), 1u);
     EXPECT_EQ(written[0].name, "CRGraphModule");
     EXPECT_EQ(written[0].type, 1);
@@ -123,9 +124,9 @@ TEST_F(LogTest, ControlValuesSetTheLevel) {
 
 TEST_F(LogTest, EveryKindOfItemBecomesText) {
     connect();
-    log << QChar(0x20AC) << '+' << short(-3) << ' ' << (unsigned short)65535 << ' ' << -7 << ' ' << 4000000000u << ' '
-        << -8L << ' ' << 9UL << ' ' << 1.5f << ' ' << 0.1 << ' ' << 1e10 << ' ' << "text" << ' ' << QString("Qt")
-        << eLogEndLine;
+    log << QChar(0x20AC) << '+' << short(-3) << ' ' << (unsigned short)65535 << ' ' << -7 << ' '
+        << 4000000000u << ' ' << -8L << ' ' << 9UL << ' ' << 1.5f << ' ' << 0.1 << ' ' << 1e10 << ' '
+        << "text" << ' ' << QString("Qt") << eLogEndLine;
     ASSERT_EQ(written.size(), 1u);
     EXPECT_EQ(written[0].text, QString(QChar(0x20AC)) + "+-3 65535 -7 4000000000 -8 9 1.5 0.1 1e+10 text Qt");
 }

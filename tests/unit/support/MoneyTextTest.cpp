@@ -27,9 +27,15 @@ TEST(MoneyStringTest, GroupsOfThreeDigits) {
         const char *digits;
         bool negative;
         const char *text;
-    } rows[] = {{"", false, ""},           {"1", false, "1"},          {"123", false, "123"},
-                {"1234", false, "1,234"},  {"123456", false, "123,456"}, {"1234567", false, "1,234,567"},
-                {"-123456", true, "-123,456"}, {"-123456", false, "123,456"}, {"1-2-3-4", false, "1,234"}};
+    } rows[] = {{"", false, ""},
+                {"1", false, "1"},
+                {"123", false, "123"},
+                {"1234", false, "1,234"},
+                {"123456", false, "123,456"},
+                {"1234567", false, "1,234,567"},
+                {"-123456", true, "-123,456"},
+                {"-123456", false, "123,456"},
+                {"1-2-3-4", false, "1,234"}};
     for (const auto &row : rows)
         EXPECT_EQ(money.GetString(row.digits, row.negative), row.text) << row.digits;
 }
@@ -51,10 +57,14 @@ TEST(MoneyStringTest, Fractions) {
         double value;
         int digits;
         const char *text;
-    } rows[] = {{spaceAndComma, 1234567.5, 1, "1 234 567,5"}, {spaceAndPoint, -1234.567, 2, "-1 234.57"},
-                {commaAndPoint, 1234.5, 2, "1,234.50"},      {spaceAndPoint, 1234.5, 0, "1 235"},
-                {spaceAndPoint, 0, 2, "0.00"},               {spaceAndPoint, -0.001, 2, "-0.00"},
-                {spaceAndPoint, 999.999, 2, "1 000.00"},     {spaceAndPoint, 1e20, 0, "100 000 000 000 000 000 000"}};
+    } rows[] = {{spaceAndComma, 1234567.5, 1, "1 234 567,5"},
+                {spaceAndPoint, -1234.567, 2, "-1 234.57"},
+                {commaAndPoint, 1234.5, 2, "1,234.50"},
+                {spaceAndPoint, 1234.5, 0, "1 235"},
+                {spaceAndPoint, 0, 2, "0.00"},
+                {spaceAndPoint, -0.001, 2, "-0.00"},
+                {spaceAndPoint, 999.999, 2, "1 000.00"},
+                {spaceAndPoint, 1e20, 0, "100 000 000 000 000 000 000"}};
     for (const auto &row : rows)
         EXPECT_EQ(MoneyString(row.separators, row.value, row.digits).toString(), row.text) << row.value;
     EXPECT_EQ(MoneyString(spaceAndPoint, 1.5f, 1).toString(), "1.5");
@@ -88,8 +98,9 @@ TEST(NumberTextTest, FromValueToString) {
         int digits;
         bool trim;
         const char *text;
-    } rows[] = {{1.50, 2, true, "1.5"},  {2.00, 2, true, "2"},   {1.50, 2, false, "1.50"}, {-1.25, 2, false, "1.25"},
-                {1.999, 2, true, "2"},   {0.05, 2, true, "0.05"}, {1234.5, 3, true, "1 234.5"}, {100, 2, true, "100"}};
+    } rows[] = {{1.50, 2, true, "1.5"},       {2.00, 2, true, "2"},  {1.50, 2, false, "1.50"},
+                {-1.25, 2, false, "1.25"},    {1.999, 2, true, "2"}, {0.05, 2, true, "0.05"},
+                {1234.5, 3, true, "1 234.5"}, {100, 2, true, "100"}};
     for (const auto &row : rows)
         EXPECT_EQ(FromValueToString(row.value, spaceAndPoint, row.digits, row.trim), row.text) << row.value;
     EXPECT_EQ(FromValueToString(1.50, spaceAndComma, 2, true), "1,5");
@@ -103,11 +114,13 @@ TEST(NumberTextTest, MoneyFormat) {
         bool space;
         const char *mark;
         const char *result;
-    } rows[] = {{"-10", 0, true, "$", "-$ 10"}, {"-10", 1, true, "$", "-10 $"}, {"+10", 0, false, "$", "+$10"},
-                {"10", 0, true, "$", "$ 10"},   {"10", 0, false, "$", "$10"},   {"10", 1, false, "$", "10$"},
-                {"10", 7, false, "$", "$10"},   {"", 0, true, "$", ""},         {"10", 0, true, "", "10"}};
+    } rows[] = {
+        {"-10", 0, true, "$", "-$ 10"}, {"-10", 1, true, "$", "-10 $"}, {"+10", 0, false, "$", "+$10"},
+        {"10", 0, true, "$", "$ 10"},   {"10", 0, false, "$", "$10"},   {"10", 1, false, "$", "10$"},
+        {"10", 7, false, "$", "$10"},   {"", 0, true, "$", ""},         {"10", 0, true, "", "10"}};
     for (const auto &row : rows)
-        EXPECT_EQ(ConvertToMoneyFormat(row.text, KaltoMoneyPosition(row.position), row.space, row.mark), row.result)
+        EXPECT_EQ(ConvertToMoneyFormat(row.text, KaltoMoneyPosition(row.position), row.space, row.mark),
+                  row.result)
             << row.text << row.position;
 }
 
@@ -160,7 +173,8 @@ TEST(NumberTextTest, LengthAndCutOfTheFraction) {
         const char *text;
         int digits;
         const char *result;
-    } rows[] = {{"1.2345", 2, "1.23"}, {"1.2", 4, "1.2"}, {"12", 2, "12"}, {"1.234.5", 1, "1.2"}, {"1.5", 0, "1."}};
+    } rows[] = {
+        {"1.2345", 2, "1.23"}, {"1.2", 4, "1.2"}, {"12", 2, "12"}, {"1.234.5", 1, "1.2"}, {"1.5", 0, "1."}};
     for (const auto &row : rows) {
         QString text = row.text;
         CutForPrecis(text, row.digits);

@@ -12,8 +12,9 @@ TEST(NumbersTest, RoundFloatRoundsHalfAwayFromZero) {
         double value;
         int digits;
         double result;
-    } rows[] = {{2.5, 0, 3},        {-2.5, 0, -3},      {0, 2, 0},          {1.0051, 2, 1.01},    {-1.245, 2, -1.25},
-                {1.23456, 4, 1.2346}, {99.999, 2, 100}, {1e6 + 0.25, 1, 1000000.3}, {123, 0, 123}, {0.4, 0, 0}};
+    } rows[] = {{2.5, 0, 3},        {-2.5, 0, -3},        {0, 2, 0},        {1.0051, 2, 1.01},
+                {-1.245, 2, -1.25}, {1.23456, 4, 1.2346}, {99.999, 2, 100}, {1e6 + 0.25, 1, 1000000.3},
+                {123, 0, 123},      {0.4, 0, 0}};
     for (const auto &row : rows)
         EXPECT_DOUBLE_EQ(roundFloat(row.value, row.digits), row.result) << row.value << " " << row.digits;
 }
@@ -47,9 +48,10 @@ TEST(NumbersTest, DecimalsOfAPointSize) {
     const struct {
         double pointSize;
         int decimals;
-    } rows[] = {{1, 0},       {0.1, 1},        {0.01, 2},        {0.001, 3},       {0.0001, 4}, {0.00001, 5}, {10, 1},
-                {0.001f, 3},  {0.0001f, 4},    {0.00001f, 5},    {0.000001f, 6},   {0.1f, 1},   {0.5, 0},     {0.02, 1},
-                {0, 0},       {-1, 0},         {-FLT_MAX, 0},    {INFINITY, 0},    {NAN, 0}};
+    } rows[] = {{1, 0},         {0.1, 1},      {0.01, 2},     {0.001, 3},   {0.0001, 4},
+                {0.00001, 5},   {10, 1},       {0.001f, 3},   {0.0001f, 4}, {0.00001f, 5},
+                {0.000001f, 6}, {0.1f, 1},     {0.5, 0},      {0.02, 1},    {0, 0},
+                {-1, 0},        {-FLT_MAX, 0}, {INFINITY, 0}, {NAN, 0}};
     for (const auto &row : rows)
         EXPECT_EQ(decimalsOf(row.pointSize), row.decimals) << row.pointSize;
 }
@@ -59,9 +61,10 @@ TEST(PeriodTextTest, Texts) {
         char period;
         int length;
         const char *text;
-    } rows[] = {{'D', 1, "Day"},      {'D', 0, "Day"},      {'W', 1, "Week"},     {'M', 1, "Month"}, {'Y', 1, "Year"},
-                {'I', 0, "Tick"},     {'I', 1, "1 Min"},    {'I', 59, "59 Min"},  {'I', 60, "1 Hour"},
-                {'I', 90, "1 Hour"},  {'I', 180, "3 Hour"}, {'X', 5, ""},         {0, 0, ""}};
+    } rows[] = {{'D', 1, "Day"},     {'D', 0, "Day"},     {'W', 1, "Week"},     {'M', 1, "Month"},
+                {'Y', 1, "Year"},    {'I', 0, "Tick"},    {'I', 1, "1 Min"},    {'I', 59, "59 Min"},
+                {'I', 60, "1 Hour"}, {'I', 90, "1 Hour"}, {'I', 180, "3 Hour"}, {'X', 5, ""},
+                {0, 0, ""}};
     for (const auto &row : rows)
         EXPECT_EQ(periodText(row.period, row.length), row.text) << row.period << row.length;
 }

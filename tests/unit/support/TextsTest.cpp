@@ -1,6 +1,6 @@
+#include "support/Texts.h"
 #include "module/HostRecords.h"
 #include "support/Checksum.h"
-#include "support/Texts.h"
 #include "support/TimeZone.h"
 
 #include <cstdlib>
@@ -41,8 +41,9 @@ TEST(TextsTest, TextsStandAsTheyAre) {
     const auto &graph = graphDefaultTexts();
     EXPECT_EQ(find(graph, "G0067Message"), "Sets backcolor of  time scale");
     EXPECT_EQ(find(graph, "G0159"), "It is not possible to cat/copy created by System Tester objects");
-    EXPECT_EQ(find(graph, "G0144"),
-              "The layer could not be deleted because it contains objects\nwhich were created in System Tester.");
+    EXPECT_EQ(
+        find(graph, "G0144"),
+        "The layer could not be deleted because it contains objects\nwhich were created in System Tester.");
     EXPECT_EQ(find(graph, "G0203"), "File %1 not found");
     EXPECT_EQ(find(tradeDefaultTexts(), "G0097Message"), "Show open position on chat");
 }
