@@ -398,6 +398,7 @@ public:
 private:
     // steps of adding and rebuilding
     bool FinishIndicator(CRIndicator *indicator, bool subscribe, bool cleanLayers);
+    bool UpdateAfterAdding();
     void AbandonIndicator(void *handle);
     void RouteToSource(const QString &name, void *iface);
     void AddFromCatalogue(unsigned category, QAction *action);
@@ -408,11 +409,13 @@ private:
     void RebuildPositions(bool force);
     void AddFreePositions(const CRPrimitive *base);
     void CreateToolBarButtons();
+    QSlider *EnableZoomControls();
     void CreatePropertyPage();
     void CreatePropertyRows();
     bool CanZoom();
     void SetScreenPoints(int points);
     void SetZoomSlider(int points);
+    void ZoomTo(int points, const char *milestone);
     void PressLeft(QMouseEvent *event);
     void ReleaseLeft(QMouseEvent *event);
     void FinishRange();

@@ -10,6 +10,7 @@
 #include "support/LogTag.h"
 
 #include <QDateTime>
+#include <QPointer>
 #include <QSignalBlocker>
 #include <QSlider>
 #include <algorithm>
@@ -57,31 +58,33 @@ void CRGraphWidget::SetScreenPoints(int points) {
 
 // Moves the host's slider; the change that comes back from it is not the user's.
 void CRGraphWidget::SetZoomSlider(int points) {
+    const QPointer<CRGraphWidget> self(this);
     QSlider *slider = GetZoomSlider();
-    if (!slider || !isVisible() || !m_bCurrent)
+    if (!self || !slider || !isVisible() || !m_bCurrent)
         return;
     m_bZoomEcho = false;
     slider->setValue(-points);
 }
 
 void CRGraphWidget::ZoomIn(bool) {
-    if (!CanZoom())
-        return;
-    SetScreenPoints(zoomedIn(m_pScrollBar->m_nScreenDataPoints, m_pTimeScale->GetTimeCount()));
-    m_bAutoZoomOut = false;
-    SetZoomSlider(m_pScrollBar->m_nScreenDataPoints);
-    UndoMilestone(GetModule()->tr("C0046ZoomIN"));
-    update();
+    if (CanZoom())
+        ZoomTo(zoomedIn(m_pScrollBar->m_nScreenDataPoints, m_pTimeScale->GetTimeCount()), "C0046ZoomIN");
 }
 
 void CRGraphWidget::ZoomOut(bool) {
-    if (!CanZoom())
-        return;
-    SetScreenPoints(zoomedOut(m_pScrollBar->m_nScreenDataPoints, m_pTimeScale->GetTimeCount()));
+    if (CanZoom())
+        ZoomTo(zoomedOut(m_pScrollBar->m_nScreenDataPoints, m_pTimeScale->GetTimeCount()), "C0047ZoomOut");
+}
+
+void CRGraphWidget::ZoomTo(int points, const char *milestone) {
+    const QPointer<CRGraphWidget> self(this);
+    SetScreenPoints(points);
     m_bAutoZoomOut = false;
-    SetZoomSlider(m_pScrollBar->m_nScreenDataPoints);
-    UndoMilestone(GetModule()->tr("C0047ZoomOut"));
-    update();
+    SetZoomSlider(points);
+    if (self)
+        UndoMilestone(GetModule()->tr(milestone));
+    if (self)
+        update();
 }
 
 // The host's slider was moved, by the user or by ourselves.
@@ -105,10 +108,14 @@ void CRGraphWidget::ChangeZoom(int value) {
         return;
     const int count = m_pTimeScale->GetTimeCount();
     SetScreenPoints(wantedPoints(value, count));
-    if (QSlider *slider = GetZoomSlider()) {
-        const int most = m_pScrollBar->maximum();
+    const QPointer<CRGraphWidget> self(this);
+    const int most = m_pScrollBar->maximum();
+    const QPointer<QSlider> slider(GetZoomSlider());
+    if (slider) {
         const bool wasEmpty = slider->minimum() == 0;
         slider->setMinimum(-most);
+        if (!slider)
+            return;
         if (most != leastScreenPoints) {
             slider->setMaximum(-leastScreenPoints);
         } else if (wasEmpty) {
@@ -118,8 +125,10 @@ void CRGraphWidget::ChangeZoom(int value) {
             slider->setMaximum(0);
         }
     }
-    UndoMilestone(GetModule()->tr("Change zoom"));
-    update();
+    if (self)
+        UndoMilestone(GetModule()->tr("Change zoom"));
+    if (self)
+        update();
 }
 
 // After each rebuild of the positions.
@@ -135,20 +144,23 @@ void CRGraphWidget::SetScrollbarValues(bool toEnd, bool force) {
         pointsAfterRebuild(m_pScrollBar->m_nScreenDataPoints, first, m_nFreeSpacePositions, m_bAutoZoomOut);
     SetScreenPoints(points);
 
+    const QPointer<CRGraphWidget> self(this);
     const int count = m_pTimeScale->GetTimeCount();
     QSlider *slider = GetZoomSlider();
-    if (slider && isVisible() && m_bCurrent) {
+    if (self && slider && isVisible() && m_bCurrent) {
         if (points > count)
             slider->setMaximum(-points);
         else
             slider->setMinimum(-count);
     }
+    if (!self)
+        return;
     {
         const QSignalBlocker quiet(m_pScrollBar);
         m_pScrollBar->SetValue(toEnd ? m_pScrollBar->maximum() : m_pScrollBar->value());
     }
     SetZoomSlider(points);
-    if (m_pScrollBar->GetScrollValue() != before)
+    if (self && m_pScrollBar->GetScrollValue() != before)
         update();
 }
 

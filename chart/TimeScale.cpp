@@ -57,10 +57,14 @@ int CRTimeScale::GetVirtualTimePos(long timeSec, eDateType type, int) const {
 }
 
 bool CRTimeScale::ChangeAutoScrollStatus() {
-    SetAutoScrollState(!m_bAutoScroll, m_nAutoScrollPositions);
-    if (m_bAutoScroll && !m_pWidget->m_loading) {
-        m_pWidget->MoveGraphics2Autopos();
-        m_pWidget->update();
+    const bool on = !m_bAutoScroll;
+    SetAutoScrollState(on, m_nAutoScrollPositions);
+    if (on && !m_pWidget->m_loading) {
+        const QPointer<CRGraphWidget> widget(m_pWidget); // scrolling tells the host
+        widget->MoveGraphics2Autopos();
+        if (!widget)
+            return on;
+        widget->update();
     }
     return m_bAutoScroll;
 }

@@ -5,6 +5,7 @@
 #include "module/GraphModule.h"
 
 #include <QIcon>
+#include <QPointer>
 #include <QStyle>
 #include <QToolButton>
 
@@ -71,9 +72,11 @@ void CTimeScrollBar::SetRBtnState(bool on) {
 }
 
 void CTimeScrollBar::OnValueChanged(int value) {
+    const QPointer<CTimeScrollBar> self(this);
     SetScrollBarValue(value);
     m_pWidget->repaint();
-    m_pWidget->UndoMilestone(GetModule()->tr("Scroll"));
+    if (self)
+        m_pWidget->UndoMilestone(GetModule()->tr("Scroll"));
 }
 
 void CTimeScrollBar::OnBnLeftLeftClicked() {
@@ -83,7 +86,11 @@ void CTimeScrollBar::OnBnLeftLeftClicked() {
 void CTimeScrollBar::OnBnRightClicked() {
     if (!m_pWidget->m_pTimeScale)
         return;
-    SetRBtnState(m_pWidget->m_pTimeScale->ChangeAutoScrollStatus());
+    const QPointer<CTimeScrollBar> self(this);
+    const bool on = m_pWidget->m_pTimeScale->ChangeAutoScrollStatus();
+    if (!self)
+        return;
+    SetRBtnState(on);
     m_pWidget->UndoMilestone(GetModule()->tr("G0085"));
 }
 
