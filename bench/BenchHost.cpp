@@ -1,5 +1,7 @@
 #include "bench/BenchHost.h"
 
+#include "bench/Exposed.h"
+
 #include "module/HostMessages.h"
 
 #include <QApplication>
@@ -206,7 +208,7 @@ std::unique_ptr<BenchHost::Chart> BenchHost::makeChart(const std::vector<corePoi
     chart->frame->resize(1280, 720);
     chart->inner = new QWidget(chart->frame.get());
     chart->inner->resize(1280, 720);
-    chart->frame->show();
+    showExposed(*chart->frame);
     mvwcCreateData create;
     clearRecord(create);
     const Word id = static_cast<Word>(chart->inner->winId());

@@ -1,4 +1,5 @@
 #include "bench/Contenders.h"
+#include "bench/Exposed.h"
 
 #include <qcustomplot.h>
 
@@ -34,7 +35,7 @@ public:
         m_plot.xAxis->setTicker(QSharedPointer<QCPAxisTickerDateTime>::create());
         m_plot.xAxis->setRange(bars[bars.size() - visible].time, bars.back().time);
         candles->rescaleValueAxis(false, true);
-        m_plot.show();
+        showExposed(m_plot);
         m_plot.replot();
     }
     void frame() override { m_plot.replot(QCustomPlot::rpImmediateRefresh); }

@@ -1,4 +1,5 @@
 #include "bench/Contenders.h"
+#include "bench/Exposed.h"
 
 #include <qwt_date_scale_draw.h>
 #include <qwt_date_scale_engine.h>
@@ -45,13 +46,13 @@ public:
             low = std::min(low, bars[i].low);
         }
         m_plot.setAxisScale(QwtPlot::yLeft, low, high);
-        m_plot.show();
+        showExposed(m_plot);
         m_plot.replot();
     }
     void frame() override {
         m_plot.replot();
+        m_plot.update();
         m_plot.repaint();
-        m_plot.canvas()->repaint();
     }
 
 private:

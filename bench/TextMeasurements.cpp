@@ -21,7 +21,8 @@ long textMeasurements() {
 
 extern "C" {
 
-int countHorizontalAdvance(const void *self, const QString &text, int length) __asm__(
+[[gnu::visibility("default")]] int countHorizontalAdvance(const void *self, const QString &text,
+                                                              int length) __asm__(
     "_ZNK12QFontMetrics17horizontalAdvanceERK7QStringi");
 int countHorizontalAdvance(const void *self, const QString &text, int length) {
     static const auto real = next<int (*)(const void *, const QString &, int)>(
@@ -30,7 +31,8 @@ int countHorizontalAdvance(const void *self, const QString &text, int length) {
     return real(self, text, length);
 }
 
-int countWidth(const void *self, const QString &text, int length) __asm__("_ZNK12QFontMetrics5widthERK7QStringi");
+[[gnu::visibility("default")]] int countWidth(const void *self, const QString &text, int length) __asm__(
+    "_ZNK12QFontMetrics5widthERK7QStringi");
 int countWidth(const void *self, const QString &text, int length) {
     static const auto real =
         next<int (*)(const void *, const QString &, int)>("_ZNK12QFontMetrics5widthERK7QStringi");

@@ -98,6 +98,8 @@ void registerFrames() {
         for (const auto &line : ten.lines)
             BenchHost::instance().addAverage(*chart, line);
         BenchHost::instance().tick();
+        if (qEnvironmentVariableIsSet("VELMAR_BENCH_PICTURE"))
+            chart->window->grab().save(qEnvironmentVariable("VELMAR_BENCH_PICTURE"));
         for (auto _ : state)
             frame(*chart);
     });
@@ -175,8 +177,8 @@ void printCounts() {
         frame(*chart);
         const long calls = BenchHost::instance().calls(), texts = textMeasurements();
         frame(*chart);
-        std::printf("# one frame of 500 candles: %ld host calls, %ld text measurements\n",
-                    BenchHost::instance().calls() - calls, textMeasurements() - texts);
+        std::printf("# one frame of 500 candles: %ld host calls, %ld text measurements (%ld in the run before)\n",
+                    BenchHost::instance().calls() - calls, textMeasurements() - texts, texts);
     }
     const auto held = [](int count) {
         const std::vector<corePointCandle> many = makeBars(count);
