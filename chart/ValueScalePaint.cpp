@@ -3,6 +3,7 @@
 #include "chart/GraphArea.h"
 #include "chart/GraphWidget.h"
 #include "chart/ValueScale.h"
+#include "chart/ValueScaleGrid.h"
 #include "support/FontMetrics.h"
 
 #include <QPainter>
@@ -33,20 +34,22 @@ void CRGraphLayer::DrawDataScale(SCALE_TYPE type, QPainter &painter) {
 
     const int left = m_rect.left();
     const int right = m_rect.right();
+    std::vector<QLine> strokes;
+    if (isRight) {
+        strokes.emplace_back(right - 2, 0, right + 4, 0);
+        if (widget->m_bHorizontalGrid)
+            strokes.emplace_back(right - 2, 0, left - 3, 0);
+    } else {
+        strokes.emplace_back(left - 3, 0, left - 1, 0);
+    }
+    ValueScaleGrid grid(painter, gridColor, std::move(strokes));
     for (const ValueLabel &label : valueLabels({m_max, m_min}, Mapping(), textHeight(plain), m_tick)) {
         const QFont &font = label.round ? bold : plain;
         painter.setFont(font);
         painter.setPen(fontColor);
         painter.drawText(isRight ? right + textGap : left - textWidth(font, label.text) - textGap,
                          label.y + baselineBelow, label.text);
-        painter.setPen(QPen(gridColor, label.round ? roundTick : plainTick, Qt::DotLine));
-        if (!isRight) {
-            painter.drawLine(left - 3, label.y, left - 1, label.y);
-            continue;
-        }
-        painter.drawLine(right - 2, label.y, right + 4, label.y);
-        if (widget->m_bHorizontalGrid)
-            painter.drawLine(right - 2, label.y, left - 3, label.y);
+        grid.Draw(label.y, label.round ? roundTick : plainTick);
     }
     painter.setFont(plain);
     painter.setPen(QPen(gridColor, plainTick, Qt::DotLine));
