@@ -101,7 +101,10 @@ void CRGraphWidget::OnMenuIndicatorAddRul(QAction *action) {
 
 // Null when the user is asked for the source first.
 void *CRGraphWidget::CreateIndicatorFromMenu(const QString &name, void *iface) {
+    QPointer<CRGraphWidget> guard(this);
     UpdatePrimitiveCount();
+    if (!guard)
+        return nullptr;
     if (m_nPrimitiveCount == 1)
         return AddSecondaryPrimitive(name.utf16(), iface, GetAnyPrimitive(), nullptr);
     if (m_nPrimitiveCount > 1)
@@ -143,9 +146,11 @@ void CRGraphWidget::SelectPrimitive(const QString &title, const QString &name, v
     m_pickName = name;
     m_pickInterface = iface;
     setCursor(QCursor(LoadModulePixmap(QStringLiteral("graphcusor.png")), 0, 0));
-    m_selectPrimitive = new CSelectPrimitiveWidget(this, title, name);
-    m_selectPrimitive->FillListBox(preset);
-    m_selectPrimitive->show();
+    QPointer<CSelectPrimitiveWidget> picker = new CSelectPrimitiveWidget(this, title, name);
+    m_selectPrimitive = picker;
+    picker->FillListBox(preset); // asks the host for names
+    if (picker)
+        picker->show();
 }
 
 void CRGraphWidget::OnSelectPrimitive() {

@@ -88,12 +88,8 @@ void *CRGraphWidget::CreateDealingIndicator(coreDemandsIndicator *record) {
         if (outputs[static_cast<std::size_t>(i)] && area && !area->m_layers.empty())
             addOutput(*indicator, area->m_layers.front(), i, outputs[static_cast<std::size_t>(i)], true);
     }
-    if (!guard)
+    if (!guard || !UpdateAfterAdding())
         return nullptr;
-    UpdatePrimitiveCountState();
-    UpdateScaleWidth();
-    UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);
-    update();
     UndoMilestone(QStringLiteral("Added dealing indicator"));
     return handle;
 }

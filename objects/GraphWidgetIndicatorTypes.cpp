@@ -63,5 +63,6 @@ void CRGraphWidget::OnDeleteIndByType() {
     for (CRGraphArea *area : m_areas)
         area->UpdateData();
     UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);
-    DeleteUnusedLayers();
+    if (guard)
+        DeleteUnusedLayers();
 }

@@ -136,6 +136,8 @@ void CRGraphWidget::UpdateIndicatorPrimitives(coreCoreUpdateDpaData *data) {
     // The same candle stays at the right edge, wherever the rebuild has moved it.
     const long edgeTime = m_pScrollBar->m_nRightEdgeTime;
     UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);
+    if (!guard || !m_pScrollBar)
+        return;
     const CRPrimitive *any = GetAnyPrimitive();
     int count = 1;
     const eDateType interval = any ? any->GetTimeInterval(count) : DT_UNKNOWN;
@@ -222,7 +224,10 @@ void CRGraphWidget::ReBuildIndicator(coreRebuildDpa *record) {
     }
     DeleteUnusedLayers();
     UpdateScaleWidth();
-    UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);
+    if (guard)
+        UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);
+    if (!guard)
+        return;
     update();
     m_nSelectedArea = -1;
 }

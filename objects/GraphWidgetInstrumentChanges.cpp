@@ -128,7 +128,8 @@ void CRGraphWidget::OnPaneleStatusChanged(int kind, int item) {
     if (!guard)
         return;
     UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);
-    update();
+    if (guard)
+        update();
 }
 
 void CRGraphWidget::GetSingleInstrumentName(mvwcNameDataComponent *out) const {

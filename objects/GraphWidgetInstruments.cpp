@@ -171,10 +171,11 @@ void *CRGraphWidget::AddPrimaryPrimitive(unsigned short *symbol, char *dataType,
             return nullptr;
     }
     UpdatePrimitiveCountState();
-    UpdatePrimitivePositions(ScreenDataPointsUpdate(), m_indicators.size() == 1);
-    if (m_nPrimitiveCount == 1)
+    if (guard)
+        UpdatePrimitivePositions(ScreenDataPointsUpdate(), m_indicators.size() == 1);
+    if (guard && m_nPrimitiveCount == 1)
         SetScrollbarValues(true, false);
-    if (!created)
+    if (!guard || !created)
         return nullptr;
     update();
     m_nSelectedArea = -1;

@@ -161,6 +161,19 @@ void *CRGraphWidget::AddSecondaryPrimitive(const unsigned short *name, void *ifa
     return handle;
 }
 
+// Counts, scales and positions after series came; false when the host took the window away meanwhile.
+bool CRGraphWidget::UpdateAfterAdding() {
+    QPointer<CRGraphWidget> guard(this);
+    UpdatePrimitiveCountState();
+    if (guard)
+        UpdateScaleWidth();
+    if (guard)
+        UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);
+    if (guard)
+        update();
+    return guard;
+}
+
 // The host forgets an object that was being made.
 void CRGraphWidget::AbandonIndicator(void *handle) {
     QPointer<CRGraphWidget> guard(this);
@@ -187,9 +200,5 @@ bool CRGraphWidget::FinishIndicator(CRIndicator *indicator, bool subscribe, bool
         return false;
     if (cleanLayers)
         DeleteUnusedLayers();
-    UpdatePrimitiveCountState();
-    UpdateScaleWidth();
-    UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);
-    update();
-    return guard;
+    return UpdateAfterAdding();
 }

@@ -6,6 +6,7 @@
 #include "module/HostCalls.h"
 
 #include <QMenu>
+#include <QPointer>
 #include <cstring>
 
 namespace {
@@ -53,7 +54,10 @@ const char *quickWord(const QString &text) {
 
 void CRGraphWidget::OnBnClickedAddGraphMenu() {
     m_nSelectedArea = -1;
+    QPointer<CRGraphWidget> guard(this);
     UpdatePrimitiveCount();
+    if (!guard)
+        return;
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     // Entries are connected one by one: a menu's own signal would also bring those of its submenus.
