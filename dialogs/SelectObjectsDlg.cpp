@@ -116,6 +116,7 @@ void CSelectObjectsDlg::fill(CRGraphWidget *widget) {
     chartTexts.removeDuplicates();
     root->setText(1, chartTexts.join(", "));
     types.removeDuplicates();
+    types.removeAll(QString()); // an object that the host does not name has no type to choose
     for (const QString &type : QStringList{"All"} + types) {
         auto *item = new QTreeWidgetItem(m_typeTree);
         item->setText(0, type);
