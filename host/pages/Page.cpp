@@ -12,8 +12,15 @@ const PageItem *Page::find(int group, int index) const {
     return nullptr;
 }
 
+// Not through the other form: the rows may be shared with a copy of the page, and part from it here.
 PageItem *Page::find(int group, int index) {
-    return const_cast<PageItem *>(const_cast<const Page *>(this)->find(group, index));
+    for (PageGroup &candidate : groups) {
+        for (PageItem &item : candidate.items) {
+            if (item.group == group && item.index == index)
+                return &item;
+        }
+    }
+    return nullptr;
 }
 
 } // namespace desk

@@ -37,6 +37,17 @@ void describe(QCommandLineParser &parser) {
     });
 }
 
+// The periods that a chart of the command line can have.
+constexpr const char *periodNames[] = {"tick", "M1", "M5", "M10", "H1", "H3", "D1", "W1", "MN1", "Y1"};
+
+std::optional<Period> periodOf(const QString &name) {
+    for (const char *known : periodNames) {
+        if (name.compare(QLatin1String(known), Qt::CaseInsensitive) == 0)
+            return Period::fromName(QString::fromLatin1(known));
+    }
+    return std::nullopt;
+}
+
 bool parseNumber(const QString &value, double least, double most, double &number) {
     bool valid = false;
     const double parsed = value.toDouble(&valid);
@@ -101,7 +112,7 @@ bool Options::parse(const QStringList &arguments, QString &message) {
     }
     symbol = parser.value("symbol");
     if (parser.isSet("period")) {
-        period = Period::fromName(parser.value("period"));
+        period = periodOf(parser.value("period"));
         if (!period)
             return refuse(text("Unknown period '%1': take one of tick, M1, M5, M10, H1, H3, D1, W1, MN1, Y1.")
                               .arg(parser.value("period")));
