@@ -1,0 +1,279 @@
+// Zoom, scroll and auto scroll through the host's slider, the scroll bar and its buttons.
+#include "tests/boundary/InputDriver.h"
+
+#include <QAbstractButton>
+#include <QGuiApplication>
+#include <QPixmap>
+#include <QScreen>
+#include <QSlider>
+#include <gtest/gtest.h>
+
+namespace {
+
+class ZoomAndScroll : public testing::Test {
+protected:
+    void SetUp() override {
+        host.setHistory("EURUSD", makeBars(500));
+        chart = host.createChart();
+    }
+    void addSeries() {
+        series = host.addInstrument(chart, "EURUSD");
+        host.tick();
+        host.settle();
+        bar = scrollBarOf(chart);
+        host.clearTraffic();
+        host.milestones.clear();
+    }
+    QAbstractButton *button(const QString &toolTip) const {
+        for (QWidget *widget : childrenOfClass(chart.widget, "QToolButton")) {
+            auto *found = static_cast<QAbstractButton *>(widget);
+            if (found->toolTip() == toolTip && found->parentWidget() == chart.widget)
+                return found;
+        }
+        return nullptr;
+    }
+    int framesLogged() const {
+        int count = 0;
+        for (const LogLine &line : host.log)
+            count += line.text.startsWith("DrawAll continue");
+        return count;
+    }
+
+    FakeHost host;
+    Chart chart;
+    FakeObject *series = nullptr;
+    QScrollBar *bar = nullptr;
+};
+
+} // namespace
+
+TEST_F(ZoomAndScroll, ANewWindowTogglesAutoScrollTwice) {
+    host.milestones.clear();
+    host.createChart();
+    EXPECT_EQ(host.milestones.count("Auto scroll positions"), 2);
+}
+
+TEST_F(ZoomAndScroll, TheBarLiesInTheLastRows) {
+    addSeries();
+    const int extent = bar->height();
+    EXPECT_EQ(bar->geometry(), QRect(extent + 2, 600 - extent, 800 - 2 * extent - 3, extent));
+    ASSERT_NE(button("Extend chart left edge"), nullptr);
+    EXPECT_EQ(button("Extend chart left edge")->geometry(), QRect(0, 600 - extent, extent, extent));
+    EXPECT_EQ(button("Auto scroll")->geometry(), QRect(800 - extent, 600 - extent, extent, extent));
+    chart.widget->resize(500, 400);
+    host.settle();
+    EXPECT_EQ(bar->geometry(), QRect(extent + 2, 400 - extent, 500 - 2 * extent - 3, extent));
+}
+
+TEST_F(ZoomAndScroll, TheSliderFollowsThePositions) {
+    addSeries();
+    EXPECT_EQ(host.slider->minimum(), -530);
+    EXPECT_EQ(host.slider->value(), -60);
+}
+
+TEST_F(ZoomAndScroll, TheSliderZooms) {
+    addSeries();
+    host.slider->setValue(-100);
+    EXPECT_EQ(bar->pageStep(), 100);
+    EXPECT_EQ(bar->minimum(), 100);
+    EXPECT_EQ(bar->maximum(), 530);
+    EXPECT_EQ(host.slider->maximum(), -10);
+    EXPECT_EQ(host.milestones, QStringList("Change zoom"));
+}
+
+TEST_F(ZoomAndScroll, FewerThanTenAreTen) {
+    addSeries();
+    host.send(3552u, 0, -3);
+    EXPECT_EQ(bar->pageStep(), 10);
+    host.send(3552u, 0, 25);
+    EXPECT_EQ(bar->pageStep(), 10);
+}
+
+TEST_F(ZoomAndScroll, MoreThanThePositionsWidensTheRange) {
+    addSeries();
+    host.send(3552u, 0, -700);
+    EXPECT_EQ(bar->pageStep(), 700);
+    EXPECT_EQ(bar->maximum(), 700);
+    EXPECT_EQ(bar->value(), 700);
+    EXPECT_EQ(host.slider->minimum(), -700);
+    host.grab(chart);
+}
+
+TEST_F(ZoomAndScroll, ZoomMessagesActOnTheCurrentWindow) {
+    addSeries();
+    EXPECT_EQ(host.send(3550u, 0, 0), 0);
+    EXPECT_EQ(bar->pageStep(), 46);
+    EXPECT_EQ(host.send(3551u, 0, 0), 0);
+    EXPECT_EQ(bar->pageStep(), 59);
+    EXPECT_EQ(host.send(3550u, 1, 0), 0);
+    EXPECT_EQ(bar->pageStep(), 59);
+    Chart other = host.createChart();
+    host.send(3550u, 0, 0); // the other one has the focus, and nothing to zoom
+    EXPECT_EQ(bar->pageStep(), 59);
+}
+
+TEST_F(ZoomAndScroll, AWindowWithoutSeriesDoesNotZoom) {
+    host.milestones.clear();
+    host.send(3550u, 0, 0);
+    host.send(3552u, 0, -100);
+    EXPECT_TRUE(host.milestones.isEmpty());
+}
+
+TEST_F(ZoomAndScroll, SixPositionsAreFewerThanTen) {
+    host.setHistory("GBPUSD", makeBars(6));
+    host.addInstrument(chart, "GBPUSD");
+    host.tick();
+    bar = scrollBarOf(chart);
+    EXPECT_EQ(bar->maximum(), 60); // 36 positions of 60
+    host.send(3550u, 0, 0);
+    EXPECT_EQ(bar->pageStep(), 36);
+}
+
+TEST_F(ZoomAndScroll, AScrollStepIsOneFrame) {
+    addSeries();
+    button("Auto scroll")->click();
+    host.settle();
+    host.log.clear();
+    host.milestones.clear();
+    bar->setValue(400);
+    EXPECT_EQ(framesLogged(), 1);
+    EXPECT_EQ(host.milestones, QStringList("Scroll"));
+    host.settle();
+    EXPECT_EQ(framesLogged(), 1);
+}
+
+TEST_F(ZoomAndScroll, AutoScrollFollowsNewCandles) {
+    addSeries();
+    bar->setValue(503);
+    Bar next = series->array().bar(499);
+    for (int i = 1; i <= 3; ++i) {
+        next.time += 3600;
+        host.appendBar(series, next);
+        host.update(series);
+        host.tick();
+        EXPECT_EQ(bar->value(), 503 + i);
+    }
+    EXPECT_EQ(bar->maximum(), 533);
+}
+
+TEST_F(ZoomAndScroll, WithAutoScrollOffTheViewStays) {
+    addSeries();
+    button("Auto scroll")->click();
+    bar->setValue(503);
+    Bar next = series->array().bar(499);
+    next.time += 3600;
+    host.appendBar(series, next);
+    host.update(series);
+    host.tick();
+    EXPECT_EQ(bar->value(), 503);
+}
+
+TEST_F(ZoomAndScroll, AViewFarRightOfTheLastCandleStays) {
+    addSeries();
+    bar->setValue(520); // 20 right of the last candle
+    Bar next = series->array().bar(499);
+    next.time += 3600;
+    host.appendBar(series, next);
+    host.update(series);
+    host.tick();
+    EXPECT_EQ(bar->value(), 520);
+}
+
+TEST_F(ZoomAndScroll, OlderDataLeaveTheViewOnItsCandle) {
+    addSeries();
+    button("Auto scroll")->click();
+    bar->setValue(300);
+    std::vector<Bar> longer = makeBars(100, 1388534400 - 100 * 3600);
+    const std::vector<Bar> own = makeBars(500);
+    longer.insert(longer.end(), own.begin(), own.end());
+    series->array().setCandles(longer);
+    host.update(series, 1);
+    EXPECT_EQ(bar->maximum(), 630);
+    EXPECT_EQ(bar->value(), 400);
+}
+
+TEST_F(ZoomAndScroll, TheLeftButtonAsksForOlderData) {
+    addSeries();
+    button("Extend chart left edge")->click();
+    EXPECT_EQ(host.count(3048), 1);
+    EXPECT_EQ(host.count(3061), 1);
+}
+
+TEST_F(ZoomAndScroll, AutoScrollOnBringsTheLastCandleBack) {
+    addSeries();
+    button("Auto scroll")->click(); // off
+    bar->setValue(100);
+    host.milestones.clear();
+    button("Auto scroll")->click();
+    EXPECT_EQ(bar->value(), 503);
+    EXPECT_TRUE(host.milestones.contains("Auto scroll positions"));
+}
+
+TEST_F(ZoomAndScroll, AMoveOfTheCrossCostsNoFrame) {
+    addSeries();
+    Mouse mouse(chart);
+    mouse.press(QPoint(200, 200), Qt::MiddleButton);
+    mouse.release(QPoint(200, 200), Qt::MiddleButton);
+    mouse.move(QPoint(210, 200));
+    host.settle();
+    host.log.clear();
+    host.clearTraffic();
+    for (int x = 220; x < 320; x += 10)
+        mouse.move(QPoint(x, 240));
+    host.settle();
+    EXPECT_EQ(framesLogged(), 0);
+    EXPECT_EQ(host.count(3119), 0); // no title was formed
+    // A quote makes the next picture a new one.
+    host.update(series);
+    mouse.move(QPoint(330, 240));
+    EXPECT_EQ(framesLogged(), 1);
+}
+
+// Under the tool bar, which the host puts over the chart's first rows.
+static QImage lowerPart(const QImage &picture) {
+    return picture.copy(0, 40, picture.width(), picture.height() - 40).convertToFormat(QImage::Format_RGB32);
+}
+
+// What stands on the screen, as it was painted last.
+static QImage screenOf(const Chart &chart) {
+    const QPixmap shot = QGuiApplication::primaryScreen()->grabWindow(chart.outer->winId());
+    return shot.toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+TEST_F(ZoomAndScroll, TheCrossOfAMoveIsThatOfAFullFrame) {
+    addSeries();
+    Mouse mouse(chart);
+    const QImage without = host.grab(chart).convertToFormat(QImage::Format_RGB32);
+    mouse.press(QPoint(200, 200), Qt::MiddleButton);
+    mouse.release(QPoint(200, 200), Qt::MiddleButton);
+    for (int x = 210; x <= 400; x += 19)
+        mouse.move(QPoint(x, x + 11));
+    const QImage moved = screenOf(chart); // the last move to 400, 411
+    ASSERT_EQ(moved.size(), without.size());
+    EXPECT_EQ(lowerPart(moved), lowerPart(host.grab(chart)));
+    int row = 0, column = 0, trail = 0;
+    for (int x = 60; x < 740; ++x) {
+        row += moved.pixel(x, 411) != without.pixel(x, 411);
+        trail += moved.pixel(x, 392) != without.pixel(x, 392);
+    }
+    for (int y = 2; y < 550; ++y)
+        column += moved.pixel(400, y) != without.pixel(400, y);
+    EXPECT_EQ(row, 679); // all but where the lines meet
+    EXPECT_EQ(column, 547);
+    EXPECT_EQ(trail, 1); // the vertical line alone
+    EXPECT_EQ(moved.pixel(100, 411) ^ without.pixel(100, 411), 0x999999u);
+    mouse.press(QPoint(400, 411), Qt::MiddleButton); // off again
+    EXPECT_EQ(host.grab(chart).convertToFormat(QImage::Format_RGB32), without);
+}
+
+TEST_F(ZoomAndScroll, TheBandOfAMoveIsThatOfAFullFrame) {
+    addSeries();
+    Mouse mouse(chart);
+    mouse.press(QPoint(200, 557));
+    for (int x = 210; x <= 400; x += 19)
+        mouse.move(QPoint(x, 557));
+    const QImage moved = screenOf(chart);
+    EXPECT_EQ(lowerPart(moved), lowerPart(host.grab(chart)));
+    mouse.leave();
+    mouse.release(QPoint(210, 557));
+}
