@@ -113,7 +113,8 @@ bool painting(FakeHost &host) {
 }
 
 // What the host does in the middle of the n-th call.
-void interrupted(const std::function<void(FakeHost &, const Call &)> &work) {
+void interrupted(const std::function<void(FakeHost &, const Call &)> &work,
+                 FakeHost::Moment moment = FakeHost::BeforeAnswer) {
     const int total = callsOfScenario();
     for (int n = 1; n <= total; ++n) {
         if (!worthwhile(n))
@@ -122,10 +123,12 @@ void interrupted(const std::function<void(FakeHost &, const Call &)> &work) {
         FakeHost host(FakeHost::Loaded);
         host.setRecording(false);
         int seen = 0;
-        host.setInterruption([&](const Call &call) {
-            if (++seen == n)
-                work(host, call);
-        });
+        host.setInterruption(
+            [&](const Call &call) {
+                if (++seen == n)
+                    work(host, call);
+            },
+            moment);
         scenario(host);
     }
 }
@@ -134,12 +137,15 @@ TEST(Reentrance, ATickInEachMessage) {
     interrupted([](FakeHost &host, const Call &) { host.tick(); });
 }
 
+// After the answer: records of the window itself are gone with it.
 TEST(Reentrance, TheWindowsEndInEachMessage) {
-    interrupted([](FakeHost &host, const Call &) {
-        if (host.charts().empty() || !host.charts().front().widget || painting(host))
-            return;
-        host.send(ToModule::DeleteWindow, host.charts().front().handle);
-    });
+    interrupted(
+        [](FakeHost &host, const Call &) {
+            if (host.charts().empty() || !host.charts().front().widget || painting(host))
+                return;
+            host.send(ToModule::DeleteWindow, host.charts().front().handle);
+        },
+        FakeHost::AfterAnswer);
 }
 
 TEST(Reentrance, AQuoteInEachMessage) {

@@ -233,6 +233,14 @@ int FakeHost::receiveSecond(void *, unsigned message, int, int) {
     return 0;
 }
 
+void FakeHost::interrupt(const Call &call, Moment moment) {
+    if (!m_interruption || m_interrupting || m_moment != moment)
+        return;
+    m_interrupting = true;
+    m_interruption(call);
+    m_interrupting = false;
+}
+
 int FakeHost::take(void *target, unsigned message, int wParam, int lParam) {
     ++m_toHost[message];
     ++m_hostCalls;
@@ -253,11 +261,7 @@ int FakeHost::take(void *target, unsigned message, int wParam, int lParam) {
         m_calls.push_back(call);
 
     const Depth depth(m_depth);
-    if (m_interruption && !m_interrupting) {
-        m_interrupting = true;
-        m_interruption(call);
-        m_interrupting = false;
-    }
+    interrupt(call, BeforeAnswer);
     bool troubled = m_troubleAt > 0 && --m_troubleAt == 0;
     Trouble trouble = m_trouble;
     int result = m_troubleResult;
@@ -280,6 +284,7 @@ int FakeHost::take(void *target, unsigned message, int wParam, int lParam) {
             result = defaultAnswer(target, message, wParam, lParam);
         }
     }
+    interrupt(call, AfterAnswer);
     if (recorded && place < m_calls.size() && m_calls[place].message == message)
         m_calls[place].result = result;
     return result;
@@ -348,8 +353,9 @@ void FakeHost::answer(unsigned message, Answer answer) {
         m_answers.erase(message);
 }
 
-void FakeHost::setInterruption(std::function<void(const Call &)> interruption) {
+void FakeHost::setInterruption(std::function<void(const Call &)> interruption, Moment moment) {
     m_interruption = std::move(interruption);
+    m_moment = moment;
 }
 
 // Nonsense of the kinds that do not name memory of their own: such a host cannot be survived by anyone.

@@ -227,8 +227,9 @@ public:
     using Answer = std::function<int(void *target, int wParam, int lParam)>;
     void answer(unsigned message, Answer answer);
     int defaultAnswer(void *target, unsigned message, int wParam, int lParam);
-    // Runs before the answer of every call to the host (not inside itself).
-    void setInterruption(std::function<void(const Call &)> interruption);
+    // Runs before or after the answer of every call to the host (not inside itself).
+    enum Moment { BeforeAnswer, AfterAnswer };
+    void setInterruption(std::function<void(const Call &)> interruption, Moment moment = BeforeAnswer);
 
     // ---- dialogs ----
     // Works on the next dialogs in the order given; each must close its dialog.
@@ -253,6 +254,7 @@ private:
 
     static int receive(void *target, unsigned message, int wParam, int lParam);
     static int receiveSecond(void *target, unsigned message, int wParam, int lParam);
+    void interrupt(const Call &call, Moment moment);
     int take(void *target, unsigned message, int wParam, int lParam);
     void garble(unsigned message, int wParam, int lParam);
     void registerDefaults();
@@ -301,6 +303,7 @@ private:
     bool m_troubleHappened = false;
     std::map<unsigned, Answer> m_answers;
     std::function<void(const Call &)> m_interruption;
+    Moment m_moment = BeforeAnswer;
     bool m_interrupting = false;
     std::unique_ptr<QWidget> m_shelf; // holds the host's own widgets
     std::vector<std::unique_ptr<QWidget>> m_pageWidgets;

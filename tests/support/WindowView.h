@@ -38,25 +38,45 @@ public:
         return true;
     }
 
-    int countColor(const QRect &rect, QRgb color) const {
+    template <class Test>
+    int countWhere(const QRect &rect, Test test) const {
         int found = 0;
         for (int y = rect.top(); y <= rect.bottom(); ++y) {
             for (int x = rect.left(); x <= rect.right(); ++x)
-                found += m_image.valid(x, y) && pixel(x, y) == color;
+                found += m_image.valid(x, y) && test(pixel(x, y));
         }
         return found;
     }
 
-    /// The columns that hold a colour between two rows; empty without any.
-    QRect extentOf(const QRect &rect, QRgb color) const {
+    /// What holds all pixels of a kind inside a rectangle; empty without any.
+    template <class Test>
+    QRect extentWhere(const QRect &rect, Test test) const {
         QRect extent;
         for (int y = rect.top(); y <= rect.bottom(); ++y) {
             for (int x = rect.left(); x <= rect.right(); ++x) {
-                if (m_image.valid(x, y) && pixel(x, y) == color)
+                if (m_image.valid(x, y) && test(pixel(x, y)))
                     extent |= QRect(x, y, 1, 1);
             }
         }
         return extent;
+    }
+
+    int countColor(const QRect &rect, QRgb color) const {
+        return countWhere(rect, [color](QRgb pixel) { return pixel == color; });
+    }
+    QRect extentOf(const QRect &rect, QRgb color) const {
+        return extentWhere(rect, [color](QRgb pixel) { return pixel == color; });
+    }
+
+    // Smoothed text has few pixels of its very colour.
+    static bool reddish(QRgb pixel) {
+        return qRed(pixel) - qGreen(pixel) > 50 && qRed(pixel) - qBlue(pixel) > 50;
+    }
+    static bool greenish(QRgb pixel) {
+        return qGreen(pixel) - qRed(pixel) > 50 && qGreen(pixel) - qBlue(pixel) > 50;
+    }
+    static bool bluish(QRgb pixel) {
+        return qBlue(pixel) - qRed(pixel) > 50 && qBlue(pixel) - qGreen(pixel) > 50;
     }
 
     static constexpr int timeStripHeight = 26; // 8 points * 2 + 10
