@@ -72,8 +72,11 @@ void CRGraphArea::DeleteGraphLayer(int index, bool refresh) {
     if (index < 0 || index >= static_cast<int>(m_layers.size()))
         return;
     CRGraphLayer *layer = m_layers[static_cast<std::size_t>(index)];
+    const QPointer<CRGraphArea> alive(this);
     m_pWidget->DeleteLayerPrimitives(layer);
     // The removal talks to the host, so the layer is looked up again.
+    if (!alive)
+        return;
     const auto place = std::find(m_layers.begin(), m_layers.end(), layer);
     if (place == m_layers.end())
         return;

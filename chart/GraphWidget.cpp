@@ -128,10 +128,15 @@ void CRGraphWidget::LoadSkinData() {
 
     if (m_pPropertiesButton)
         m_pPropertiesButton->setPixmapButton(skin.m_propertiesIcon);
-    if (QToolButton *button = GetZoomInButton())
-        button->setIcon(QIcon(skin.m_zoomInIcon));
-    if (QToolButton *button = GetZoomOutButton())
-        button->setIcon(QIcon(skin.m_zoomOutIcon));
+    const QPointer<CRGraphWidget> alive(this);
+    QToolButton *zoomIn = GetZoomInButton();
+    QToolButton *zoomOut = alive ? GetZoomOutButton() : nullptr;
+    if (!alive)
+        return;
+    if (zoomIn)
+        zoomIn->setIcon(QIcon(skin.m_zoomInIcon));
+    if (zoomOut)
+        zoomOut->setIcon(QIcon(skin.m_zoomOutIcon));
     if (m_pToolBar) {
         m_pToolBar->SetBackground(QColor(skin.m_timeBackColor));
         m_pToolBar->SetBackgroundImage(
@@ -149,14 +154,19 @@ void CRGraphWidget::OnLoaded() {
     // An empty window without a kept view has no number of positions to restore.
     if (m_pScrollBar && (m_nSavedScreenPoints > 0 || m_nPrimitiveCount > 0))
         m_pScrollBar->m_nScreenDataPoints = m_nSavedScreenPoints;
+    const QPointer<CRGraphWidget> alive(this);
     UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);
+    if (!alive)
+        return;
     if (m_pScrollBar) {
         m_pScrollBar->setPageStep(m_pScrollBar->m_nScreenDataPoints);
         if (m_pTimeScale->m_bAutoScroll)
             MoveGraphics2Autopos();
         else
             m_pScrollBar->SetValue(m_nSavedScrollValue);
-        QSlider *slider = GetZoomSlider();
+        QSlider *slider = alive ? GetZoomSlider() : nullptr;
+        if (!alive)
+            return;
         if (slider && isVisible() && m_bCurrent)
             slider->setValue(-m_pScrollBar->m_nScreenDataPoints);
     }
@@ -189,28 +199,47 @@ QString CRGraphWidget::UpdateTitle() {
     std::stable_sort(sorted.begin(), sorted.end(), InstrFirst());
     if (sorted.empty())
         caption += QLatin1String(", ") + m_module->tr("G0019");
+    const QPointer<CRGraphWidget> alive(this);
     for (CRIndicator *indicator : sorted) {
-        // A title asks the host, which can take an indicator away meanwhile.
-        if (std::find(m_indicators.begin(), m_indicators.end(), indicator) != m_indicators.end())
+        // A title asks the host, which can take an indicator or the window away meanwhile.
+        if (alive && std::find(m_indicators.begin(), m_indicators.end(), indicator) != m_indicators.end())
             caption += QLatin1String(", ") + indicator->GetTitle();
     }
     caption = cutCaption(caption);
-    HostCalls::captionChanged(m_hComponent, this, caption);
+    if (alive)
+        HostCalls::captionChanged(m_hComponent, this, caption);
     return caption;
 }
 
-void CRGraphWidget::TuneUpGraphToolBar() {
-    if (QToolButton *button = GetLastCandleIndicatorButton())
-        button->setChecked(m_bLastCandleIndicator);
+/// The zoom controls of the host work while the window has something to zoom. The result is the slider; null
+/// without one, and when a call has ended this window.
+QSlider *CRGraphWidget::EnableZoomControls() {
+    const QPointer<CRGraphWidget> alive(this);
+    QToolButton *zoomIn = GetZoomInButton();
+    QToolButton *zoomOut = alive ? GetZoomOutButton() : nullptr;
+    QSlider *slider = alive ? GetZoomSlider() : nullptr;
+    if (!alive)
+        return nullptr;
     const bool enabled = m_nPrimitiveCount >= 1;
-    if (QToolButton *button = GetZoomInButton())
-        button->setEnabled(enabled);
-    if (QToolButton *button = GetZoomOutButton())
-        button->setEnabled(enabled);
-    QSlider *slider = GetZoomSlider();
+    if (zoomIn)
+        zoomIn->setEnabled(enabled);
+    if (zoomOut)
+        zoomOut->setEnabled(enabled);
+    if (slider)
+        slider->setEnabled(enabled);
+    return slider;
+}
+
+void CRGraphWidget::TuneUpGraphToolBar() {
+    const QPointer<CRGraphWidget> alive(this);
+    QToolButton *lastCandle = GetLastCandleIndicatorButton();
+    if (lastCandle && alive) {
+        lastCandle->setCheckable(true);
+        lastCandle->setChecked(m_bLastCandleIndicator);
+    }
+    QSlider *slider = alive ? EnableZoomControls() : nullptr;
     if (!slider)
         return;
-    slider->setEnabled(enabled);
     if (!isVisible() || !m_bCurrent || !m_pScrollBar)
         return;
     // Its echo would zoom this window to what another one has left on the slider.
@@ -239,16 +268,11 @@ void CRGraphWidget::UpdatePrimitiveCount() {
 }
 
 void CRGraphWidget::UpdatePrimitiveCountState() {
+    const QPointer<CRGraphWidget> alive(this);
     UpdatePrimitiveCount();
-    const bool enabled = m_nPrimitiveCount >= 1;
-    if (QToolButton *button = GetZoomInButton())
-        button->setEnabled(enabled);
-    if (QToolButton *button = GetZoomOutButton())
-        button->setEnabled(enabled);
-    if (QSlider *slider = GetZoomSlider())
-        slider->setEnabled(enabled);
-    if (m_pScrollBar)
-        m_pScrollBar->setVisible(enabled);
+    EnableZoomControls();
+    if (alive && m_pScrollBar)
+        m_pScrollBar->setVisible(m_nPrimitiveCount >= 1);
 }
 
 void CRGraphWidget::SetAutoScroll(bool on) {

@@ -60,8 +60,12 @@ void CRGraphWidget::DeleteGraphArea(int index) {
     for (const CRGraphLayer *layer : area->m_layers)
         GetLayerPrimitives(layer, &primitives);
     const std::vector<CRGraphLayer *> layers = area->m_layers;
-    for (CRGraphLayer *layer : layers)
+    const QPointer<CRGraphWidget> alive(this);
+    for (CRGraphLayer *layer : layers) {
         DeleteLayerPrimitives(layer);
+        if (!alive)
+            return;
+    }
     // The removal talks to the host, so the pane is looked up again.
     index = FindArea(area);
     if (index < 0)
@@ -73,10 +77,13 @@ void CRGraphWidget::DeleteGraphArea(int index) {
     m_nSelectedArea = -1;
     if (!primitives.empty()) {
         UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);
-        UpdateTitle();
+        if (alive)
+            UpdateTitle();
     }
-    ChangeDesktop();
-    update();
+    if (alive)
+        ChangeDesktop();
+    if (alive)
+        update();
 }
 
 /// Moves the splitter above `area`: it and the pane above share their sum anew.
@@ -91,8 +98,12 @@ void CRGraphWidget::ResizeArea(CRGraphArea *area, float height) {
 }
 
 void CRGraphWidget::ClearAll() {
-    for (int i = GetAreaCount() - 1; i >= 0; --i)
+    const QPointer<CRGraphWidget> alive(this);
+    for (int i = GetAreaCount() - 1; i >= 0; --i) {
         DeleteGraphArea(i);
+        if (!alive)
+            return;
+    }
     CreateFirstArea(this);
     UpdatePrimitiveCountState();
 }
@@ -111,8 +122,9 @@ void CRGraphWidget::DeleteLayerPrimitives(CRGraphLayer *layer) {
                 doomed.push_back(primitive);
         }
     }
+    const QPointer<CRGraphWidget> alive(this);
     for (CRPrimitive *primitive : doomed) {
-        if (FindWidgetPrimitive(primitive))
+        if (alive && FindWidgetPrimitive(primitive))
             RemovePrimitive(primitive);
     }
 }
@@ -226,25 +238,33 @@ void CRGraphWidget::OnBnClickedNewAreaButton() {
 
 /// What a handler has put off: it has returned by now.
 void CRGraphWidget::customEvent(QEvent *event) {
+    const QPointer<CRGraphWidget> alive(this);
     switch (static_cast<int>(event->type())) {
     case CGraphEvent::Refresh:
         update();
         break;
     case CGraphEvent::DeleteArea:
         DeleteGraphArea(static_cast<CGraphEvent *>(event)->m_index);
-        UpdateScaleWidth();
-        update();
+        if (alive) {
+            UpdateScaleWidth();
+            update();
+        }
         break;
     case CGraphEvent::DeletePrimitive: {
         CRPrimitive *primitive = static_cast<CGraphEvent *>(event)->m_primitive;
         if (!FindWidgetPrimitive(primitive))
             break;
         RemovePrimitive(primitive);
-        DeleteUnusedLayers();
-        UpdatePrimitiveCountState();
-        UpdateScaleWidth();
-        UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);
-        update();
+        if (alive)
+            DeleteUnusedLayers();
+        if (alive)
+            UpdatePrimitiveCountState();
+        if (alive) {
+            UpdateScaleWidth();
+            UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);
+        }
+        if (alive)
+            update();
         break;
     }
     default:

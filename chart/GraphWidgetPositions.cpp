@@ -103,7 +103,10 @@ void CRGraphWidget::RebuildPositions(bool force) {
     }
     trace(QLatin1String("pos count = ") + QString::number(m_pTimeScale->GetTimeCount()), LOG_TAG("GraphWidget"));
 
+    const QPointer<CRGraphWidget> alive(this);
     SetScrollbarValues(false, force);
+    if (!alive)
+        return;
     UpdateScaleWidth();
     m_bUpdatePrimitivePositions = false;
     MoveGraphics2Autopos();
@@ -191,9 +194,11 @@ void CRGraphWidget::RequestLastData() {
     if (earliest == LONG_MAX || half < 0)
         return;
     const long halfScreen = m_pTimeScale->GetPosTime(half) - m_pTimeScale->GetPosTime(0);
+    const QPointer<CRGraphWidget> alive(this);
     for (CRPrimitive *primitive : primitives) {
         // Each request can change what is on the chart.
-        const mvDataPointArray *array = FindWidgetPrimitive(primitive) ? primitive->GetArray() : nullptr;
+        const mvDataPointArray *array =
+            alive && FindWidgetPrimitive(primitive) ? primitive->GetArray() : nullptr;
         if (!array)
             continue;
         void *owner = array->owner;

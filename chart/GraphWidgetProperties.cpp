@@ -161,9 +161,12 @@ void CRGraphWidget::UpdatePropertyPage() {
 
 int CRGraphWidget::ShowPropertyPage() {
     UpdatePropertyPage();
+    const QPointer<CRGraphWidget> alive(this);
     const bool known = HostCalls::isPageKnown(m_hComponent, GetPage());
-    HostCalls::showPage(m_hComponent, GetPage(), known);
-    m_pTimeScale->ShowAutoScrollWidget();
+    if (alive)
+        HostCalls::showPage(m_hComponent, GetPage(), known);
+    if (alive)
+        m_pTimeScale->ShowAutoScrollWidget();
     return 0;
 }
 
@@ -209,18 +212,22 @@ int CRGraphWidget::ApplyPropertyPage(PROPERTY_CHANGE *change) {
         area->m_properties = CRGraphArea::Properties(this);
         area->ApplyPropertyPage(this);
     }
-    if (QToolButton *button = GetLastCandleIndicatorButton())
-        button->setChecked(m_bLastCandleIndicator);
     const bool saveAsDefault = GetPropertyItem(m_nDefaultGroup, m_nSaveAsDefaultItem).toBool();
     UpdatePropertyPage();
-    if (saveAsDefault)
-        HostCalls::pageItemChanged(m_hComponent, GetPage(),
-                                   getPropertyItem(m_nDefaultGroup, m_nSaveAsDefaultItem));
     RecomputeChartRect();
     UpdateScaleWidth();
-    UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);
     update();
-    UndoMilestone(m_module->tr("C0030Propes"));
+    const QPointer<CRGraphWidget> alive(this);
+    QToolButton *button = GetLastCandleIndicatorButton();
+    if (alive && button)
+        button->setChecked(m_bLastCandleIndicator);
+    if (alive && saveAsDefault)
+        HostCalls::pageItemChanged(m_hComponent, GetPage(),
+                                   getPropertyItem(m_nDefaultGroup, m_nSaveAsDefaultItem));
+    if (alive)
+        UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);
+    if (alive)
+        UndoMilestone(m_module->tr("C0030Propes"));
     return 0;
 }
 
@@ -238,12 +245,15 @@ void CRGraphWidget::OnBnClickedPropertiesMenu() {
 }
 
 void CRGraphWidget::OnBnClickedLastCandleIndicator() {
+    const QPointer<CRGraphWidget> alive(this);
     QToolButton *button = GetLastCandleIndicatorButton();
-    if (!button)
+    if (!button || !alive)
         return;
     m_bLastCandleIndicator = button->isChecked();
     if (PROPERTY *item = SetProperty(m_nGeneralGroup, m_items[lastCandleRow], m_bLastCandleIndicator))
         HostCalls::pageItemChanged(m_hComponent, GetPage(), item);
+    if (!alive)
+        return;
     UpdateScaleWidth();
     update();
     UndoMilestone(m_module->tr("G0033"));
