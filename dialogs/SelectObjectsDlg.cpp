@@ -10,6 +10,7 @@
 #include <QEvent>
 #include <QHeaderView>
 #include <QIcon>
+#include <QPointer>
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -63,10 +64,13 @@ CSelectObjectsDlg::CSelectObjectsDlg(const char *titleId, const char *logTag, QW
 }
 
 bool CSelectObjectsDlg::Create(void *data) {
+    const QPointer<CSelectObjectsDlg> guard(this);
     try {
         if (!data)
             throw std::invalid_argument("no chart window");
         fill(static_cast<CRGraphWidget *>(data));
+        if (!guard)
+            return false;
         connect(m_typeTree, &QTreeWidget::itemChanged, this, &CSelectObjectsDlg::OnCheckItem,
                 Qt::UniqueConnection);
         QCoreApplication::postEvent(this, new QEvent(finishEvent));
@@ -79,7 +83,9 @@ bool CSelectObjectsDlg::Create(void *data) {
 }
 
 // Collecting asks the host, which can change the chart: panes and layers are looked up anew at each step.
+// It can also take the chart away, and this dialog with it.
 void CSelectObjectsDlg::fill(CRGraphWidget *widget) {
+    const QPointer<CSelectObjectsDlg> guard(this);
     m_updating = true;
     m_objectTree->clear();
     m_typeTree->clear();
@@ -106,6 +112,8 @@ void CSelectObjectsDlg::fill(CRGraphWidget *widget) {
                                                  SelectScope{SelectScope::layer, area, layer});
             QStringList layerTexts;
             collect(widget, layer, layerTexts, types);
+            if (!guard)
+                return;
             layerItem->setText(1, layerTexts.join(", "));
             areaTexts += layerTexts;
         }

@@ -11,6 +11,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QPointer>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -93,21 +94,24 @@ CSelectPrimitiveWidget::CSelectPrimitiveWidget(CRGraphWidget *widget, const QStr
     connect(help, &QPushButton::clicked, this, &CSelectPrimitiveWidget::OnHelp);
 }
 
-// The titles come from the host, which can change the chart meanwhile.
+// The titles come from the host, which can change the chart meanwhile, or take it and this picker away.
 void CSelectPrimitiveWidget::FillListBox(const coreNameInstrument *preset) {
+    const bool hasPreset = preset != nullptr;
+    const coreNameInstrument wanted = hasPreset ? *preset : zeroRecord<coreNameInstrument>();
     m_combo->clear();
     m_primitives.clear();
     std::vector<CRPrimitive *> found;
     m_widget->GetAllPrimitives(&found, 0);
     int current = 0;
-    for (CRPrimitive *primitive : found) {
-        if (!m_widget->FindWidgetPrimitive(primitive))
-            continue;
-        const QString title = titleOf(primitive);
-        if (!m_widget->FindWidgetPrimitive(primitive))
+    const QPointer<CSelectPrimitiveWidget> guard(this);
+    for (const QPointer<CRPrimitive> &primitive : std::vector<QPointer<CRPrimitive>>(found.begin(), found.end())) {
+        const QString title = primitive ? titleOf(primitive) : QString();
+        if (!guard)
+            return;
+        if (!primitive)
             continue;
         const mvDataPointArray *array = primitive->GetArray();
-        if (preset && array && isSameSeries(array->identity, *preset))
+        if (hasPreset && array && isSameSeries(array->identity, wanted))
             current = m_combo->count();
         m_combo->addItem(title);
         m_primitives.push_back(primitive);
