@@ -48,7 +48,7 @@ int main(int argc, char **argv) {
         arguments << QString::fromLocal8Bit(argv[i]);
     qInstallMessageHandler(handleToolkitMessage);
     choosePlatform(arguments);
-    // The rooms of the charts have window ids; what surrounds them needs none.
+    // The rooms of the charts have window ids, and so has what they lie in; their neighbours need none.
     QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
     QApplication application(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("velmar"));

@@ -182,7 +182,6 @@ PageEditor makeBooleanEditor(const PageItem &item, QWidget *parent, const std::f
 // A hosted widget's room: the value is the window id that the owner finds it by.
 PageEditor makeHostedEditor(const PageItem &item, QWidget *parent, const std::function<void()> &) {
     auto *room = new QWidget(parent);
-    room->setAttribute(Qt::WA_DontCreateNativeAncestors);
     room->setMinimumSize(qMax(0, item.width), qMax(0, item.height));
     return {room, [room] { return QVariant(quint32(room->winId())); }, [](const QVariant &) {}};
 }

@@ -68,9 +68,6 @@ ChartPane::ChartPane(Host &host, QWidget *parent) : QFrame(parent), m_host(host)
     m_frame->setMinimumSize(120, 80);
     m_frame->installEventFilter(this);
     m_inner = new QWidget(m_frame);
-    // The module finds both by their window ids; the widgets above them need no windows of their own.
-    for (QWidget *room : {m_strip, m_inner})
-        room->setAttribute(Qt::WA_DontCreateNativeAncestors);
     layout->addWidget(m_header);
     layout->addWidget(m_frame, 1);
 

@@ -121,7 +121,6 @@ QLabel *MainWindow::statusPane(unsigned id, int width) {
     QLabel *&label = m_statusPanes[id];
     if (!label) {
         label = new QLabel(statusBar());
-        label->setAttribute(Qt::WA_DontCreateNativeAncestors);
         label->setObjectName(QStringLiteral("statusPane%1").arg(id));
         label->setMinimumWidth(width);
         label->setAlignment(Qt::AlignCenter);

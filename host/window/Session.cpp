@@ -12,6 +12,7 @@
 #include "host/core/TextService.h"
 #include "host/core/Trace.h"
 #include "host/core/WindowService.h"
+#include "host/indicators/IndicatorService.h"
 #include "host/pages/PropertyDock.h"
 #include "host/pages/PropertyService.h"
 #include "host/quotes/CandleService.h"
@@ -182,6 +183,7 @@ void Session::makeServices() {
     m_properties = &m_host->addService<PropertyService>(m_window->properties());
     m_properties->takeWindow(m_windows->interfaceHandle());
     m_candles = &m_host->addService<CandleService>(*m_book);
+    m_host->addService<IndicatorService>(*m_candles, *m_book);
     subscriptions.windowGone = [this](Handle window) { m_properties->windowGone(window); };
     m_window->setServices({m_windows, m_events, m_texts, m_properties, m_dealing, m_book.get()});
 }
