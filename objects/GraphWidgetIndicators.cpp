@@ -121,6 +121,8 @@ void CRGraphWidget::UpdateIndicatorPrimitives(coreCoreUpdateDpaData *data) {
         return;
     QPointer<CRGraphWidget> guard(this);
     const int kind = data->updateKind;
+    if (kind != coreUpdatePoints)
+        m_maxima.clear(); // all values may be other ones
     for (CRIndicator *indicator : std::vector<CRIndicator *>(m_indicators)) {
         if (!HasIndicator(indicator))
             continue;
