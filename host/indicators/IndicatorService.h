@@ -1,0 +1,55 @@
+#pragma once
+#include "host/core/Service.h"
+#include "host/indicators/Indicator.h"
+#include "host/quotes/CandleService.h"
+#include <memory>
+#include <vector>
+
+struct coreDemandsIndicator;
+
+namespace desk {
+
+class QuoteBook;
+
+// "MVINDICATORS": the catalogue and the engine of indicators.
+class IndicatorService : public Service, public SourceWatcher {
+public:
+    IndicatorService(Host &host, CandleService &candles, QuoteBook &book);
+    ~IndicatorService() override;
+    bool handle(Handle target, unsigned message, int wParam, int lParam, int &result) override;
+    void subscriptionChanged(Handle object, bool subscribed) override;
+    std::vector<Handle> sourceChanged(Handle source, int first) override;
+
+    Handle interfaceHandle() const { return m_interface; }
+    // What a settings page changed in an indicator.
+    struct Change {
+        bool values = false;
+        bool look = false;
+        bool names = false;
+        bool outputs = false;
+    };
+    void changed(Indicator &indicator, const Change &change);
+
+private:
+    void create(coreDemandsIndicator &demand);
+    int catalogue(int wParam) const;
+    int needsSource(int wParam, int lParam) const;
+    int bindSources(Handle object, int lParam);
+    int outputs(Handle object, int lParam);
+    int confirm(Handle object, int lParam);
+    void abandon();
+    bool bindSeries(Indicator &indicator, Period period);
+    Period chartPeriod(Handle object) const;
+    bool isWanted(Handle object) const;
+    void updateDependents(Handle source, int first, std::vector<Handle> &updated);
+    void updateDependent(Indicator &indicator, Handle source, int first, std::vector<Handle> &updated);
+    std::shared_ptr<Indicator> find(Handle object) const;
+
+    CandleService &m_candles;
+    QuoteBook &m_book;
+    Handle m_interface;
+    std::vector<std::weak_ptr<Indicator>> m_indicators;
+    Handle m_inMaking = 0; // made, and not yet on a chart
+};
+
+} // namespace desk
