@@ -48,6 +48,27 @@ void CRGraphWidget::UpdateCrossCursor() {
               : QString();
 }
 
+// The box on the right scale, or on the left one where the right has no width; as tall as the text asks.
+QRect CRGraphWidget::CrossPriceBox() const {
+    if (m_areas.empty() || m_crossPriceText.isEmpty())
+        return QRect();
+    const int height = textHeight(m_areas.front()->m_properties.font);
+    const int top = m_nCrossY - height / 2 - 1;
+    return m_nRightScaleWidth > 0
+               ? QRect(m_chartRect.right() - m_nRightScaleWidth + 1, top, m_nRightScaleWidth, height + 3)
+               : QRect(m_chartRect.left(), top, m_nLeftScaleWidth, height + 3);
+}
+
+// The box under the cross, at the bottom of the time strip.
+QRect CRGraphWidget::CrossDateBox() const {
+    if (m_areas.empty() || m_crossDateText.isEmpty() || !m_pTimeScale)
+        return QRect();
+    const QFont &font = m_areas.front()->m_properties.font;
+    const int height = textHeight(font) + 3;
+    const int width = textWidth(font, m_crossDateText) + 2 * textGap;
+    return QRect(CursorPos().x() - width / 2, m_pTimeScale->m_rect.bottom() - height + 1, width, height);
+}
+
 void CRGraphWidget::DrawCrossCursor(QPainter &painter) {
     if (m_areas.empty()) {
         setCursor(Qt::ArrowCursor);
@@ -69,23 +90,16 @@ void CRGraphWidget::DrawCrossCursor(QPainter &painter) {
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     painter.setClipRect(rect());
 
-    const int height = textHeight(look.font);
-    if (!m_crossPriceText.isEmpty()) {
-        const bool onRight = m_nRightScaleWidth > 0;
-        const int top = m_nCrossY - height / 2 - 1;
-        const QRect box = onRight ? QRect(plot.right() + 1, top, m_nRightScaleWidth, height + 3)
-                                  : QRect(m_chartRect.left(), top, m_nLeftScaleWidth, height + 3);
-        painter.fillRect(box, m_crossColor);
-        painter.setPen(QColor(look.backgroundColor));
-        painter.drawText((onRight ? plot.right() : box.left()) + textGap, m_nCrossY + height / 2 - 2,
-                         m_crossPriceText);
+    painter.setPen(QColor(look.backgroundColor));
+    const QRect priceBox = CrossPriceBox();
+    if (priceBox.isValid()) {
+        painter.fillRect(priceBox, m_crossColor);
+        const int left = m_nRightScaleWidth > 0 ? plot.right() : priceBox.left();
+        painter.drawText(left + textGap, m_nCrossY + textHeight(look.font) / 2 - 2, m_crossPriceText);
     }
-    if (!m_crossDateText.isEmpty() && m_pTimeScale) {
-        const int boxWidth = textWidth(look.font, m_crossDateText) + 2 * textGap;
-        const QRect box(cursor.x() - boxWidth / 2, m_pTimeScale->m_rect.bottom() - height - 2, boxWidth,
-                        height + 3);
-        painter.fillRect(box, m_crossColor);
-        painter.setPen(QColor(look.backgroundColor));
-        painter.drawText(box, Qt::AlignCenter, m_crossDateText);
+    const QRect dateBox = CrossDateBox();
+    if (dateBox.isValid()) {
+        painter.fillRect(dateBox, m_crossColor);
+        painter.drawText(dateBox, Qt::AlignCenter, m_crossDateText);
     }
 }

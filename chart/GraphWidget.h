@@ -12,6 +12,7 @@
 #include <QPoint>
 #include <QPointer>
 #include <QRect>
+#include <QRegion>
 #include <map>
 #include <set>
 #include <vector>
@@ -127,6 +128,7 @@ public:
     void PaintWindow(QPainter &painter); // the frame, or the kept picture of it, and the overlay over it
     void DrawOverlay(QPainter &painter); // cross, rubber band; the last steps of a frame
     bool HasOverlay() const;
+    QRegion OverlayRegion() const; // the pixels that the overlay takes as it is now
     void RepaintOverlay(); // repaint() where nothing but the overlay has changed
     void HoldFrame();      // the frame as it is now stays under a scale drag
     CRGraphLayer *ScaleDragLayer() const;
@@ -394,6 +396,7 @@ public:
     FrameCache m_frameCache;
     bool m_bOverlayApart = false;   // the frame is going into the cache, the overlay comes after it
     bool m_bOverlayRepaint = false; // the running repaint changes nothing but the overlay
+    QRegion m_shownOverlay;         // what of it stands on the screen
 
 private:
     // steps of adding and rebuilding
@@ -412,6 +415,9 @@ private:
     QSlider *EnableZoomControls();
     void CreatePropertyPage();
     void CreatePropertyRows();
+    bool IsFrameKept() const;
+    QRect CrossPriceBox() const;
+    QRect CrossDateBox() const;
     bool CanZoom();
     void SetScreenPoints(int points);
     void SetZoomSlider(int points);

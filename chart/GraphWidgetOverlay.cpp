@@ -2,6 +2,7 @@
 
 #include "chart/GraphArea.h"
 #include "chart/GraphLayer.h"
+#include "chart/ScaleDrag.h"
 #include "module/GraphModule.h"
 
 #include <QPainter>
@@ -28,24 +29,28 @@ CRGraphLayer *CRGraphWidget::ScaleDragLayer() const {
     return nullptr;
 }
 
+// The kept picture still is what a new frame would show.
+bool CRGraphWidget::IsFrameKept() const {
+    return m_bDrawn && m_frameCache.IsCurrent(size(), devicePixelRatioF());
+}
+
 // Without an overlay the frame goes straight to the window. With one it goes into the cache first, so that
-// the next move of the mouse costs a copy and a few lines.
+// the next move of the mouse costs a few lines.
 void CRGraphWidget::PaintWindow(QPainter &painter) {
     if (const CRGraphLayer *layer = ScaleDragLayer()) {
         painter.eraseRect(rect());
         painter.drawImage(0, 0, m_frameCache.Picture());
         layer->DrawScaleDrag(painter);
-        return;
-    }
-    if (!HasOverlay()) {
+    } else if (HasOverlay()) {
+        if (!m_bOverlayRepaint || !IsFrameKept())
+            HoldFrame();
+        painter.drawImage(0, 0, m_frameCache.Picture());
+        DrawOverlay(painter);
+    } else {
         m_frameCache.Release();
         Draw(painter, true);
-        return;
     }
-    if (!m_bOverlayRepaint || !m_bDrawn || !m_frameCache.IsCurrent(size(), devicePixelRatioF()))
-        HoldFrame();
-    painter.drawImage(0, 0, m_frameCache.Picture());
-    DrawOverlay(painter);
+    m_shownOverlay = OverlayRegion();
 }
 
 void CRGraphWidget::HoldFrame() {
@@ -68,9 +73,32 @@ void CRGraphWidget::DrawOverlay(QPainter &painter) {
     DrawZoomChange(painter);
 }
 
+QRegion CRGraphWidget::OverlayRegion() const {
+    if (const CRGraphLayer *layer = ScaleDragLayer())
+        return layer->ScaleStrip(layer->m_scaleDrag <= rightLower ? CRGraphLayer::RIGHT_SCALE
+                                                                  : CRGraphLayer::LEFT_SCALE);
+    QRegion region;
+    const CRGraphLayer *layer = GetAnyPrimitiveLayer();
+    if (m_rangeSelecting && layer) {
+        for (const int position : {m_rangeStart, m_rangeEnd})
+            region += QRect(layer->CenterX(position - layer->m_nFirstPos), 0, 1, height());
+    } else if (m_module && m_module->IsCrossCursorMode()) {
+        const QPoint cursor = CursorPos();
+        region += QRect(0, cursor.y(), width(), 1);
+        region += QRect(cursor.x(), 0, 1, height());
+        region += CrossPriceBox();
+        region += CrossDateBox();
+    }
+    return region;
+}
+
+// Where the frame itself is kept, only the pixels that the overlay leaves and those that it takes.
 void CRGraphWidget::RepaintOverlay() {
     m_bOverlayRepaint = true;
-    QWidget::repaint();
+    if (ScaleDragLayer() || IsFrameKept())
+        QWidget::repaint(m_shownOverlay + OverlayRegion());
+    else
+        QWidget::repaint();
     m_bOverlayRepaint = false;
 }
 

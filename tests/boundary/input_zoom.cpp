@@ -266,12 +266,30 @@ TEST_F(ZoomAndScroll, TheCrossOfAMoveIsThatOfAFullFrame) {
     EXPECT_EQ(host.grab(chart).convertToFormat(QImage::Format_RGB32), without);
 }
 
+TEST_F(ZoomAndScroll, NoMoveLeavesATrail) {
+    addSeries();
+    pressKey(chart, Qt::Key_N);
+    Mouse mouse(chart);
+    mouse.press(QPoint(200, 200), Qt::MiddleButton);
+    mouse.release(QPoint(200, 200), Qt::MiddleButton);
+    unsigned step = 12345;
+    for (int i = 0; i < 60; ++i) {
+        step = step * 1103515245u + 12345u;
+        mouse.move(QPoint(static_cast<int>(step >> 8) % 800, static_cast<int>(step >> 4) % 600));
+        if (i % 7 == 3)
+            mouse.leave();
+        host.settle();
+        ASSERT_EQ(lowerPart(screenOf(chart)), lowerPart(host.grab(chart))) << i;
+    }
+}
+
 TEST_F(ZoomAndScroll, TheBandOfAMoveIsThatOfAFullFrame) {
     addSeries();
     Mouse mouse(chart);
     mouse.press(QPoint(200, 557));
     for (int x = 210; x <= 400; x += 19)
         mouse.move(QPoint(x, 557));
+    mouse.move(QPoint(300, 557));
     const QImage moved = screenOf(chart);
     EXPECT_EQ(lowerPart(moved), lowerPart(host.grab(chart)));
     mouse.leave();
