@@ -284,7 +284,7 @@ void IndicatorService::updateDependents(Handle source, int first, std::vector<Ha
 void IndicatorService::updateDependent(Indicator &indicator, Handle source, int first, std::vector<Handle> &updated) {
     const Handle handle = indicator.handle();
     if (!isWanted(handle)) {
-        indicator.setStale();
+        letRest(indicator);
         return;
     }
     if (const auto below = find(source); below && first > 0)
@@ -295,6 +295,15 @@ void IndicatorService::updateDependent(Indicator &indicator, Handle source, int 
         indicator.update(source, first);
     updated.push_back(handle);
     updateDependents(handle, first, updated);
+}
+
+void IndicatorService::letRest(Indicator &indicator) {
+    indicator.setStale();
+    for (const std::weak_ptr<Indicator> &known : m_indicators) {
+        const std::shared_ptr<Indicator> above = known.lock();
+        if (above && above->dependsOn(indicator.handle()))
+            letRest(*above);
+    }
 }
 
 void IndicatorService::changed(Indicator &indicator, const Change &change) {

@@ -43,6 +43,7 @@ private:
     bool isWanted(Handle object) const;
     void updateDependents(Handle source, int first, std::vector<Handle> &updated);
     void updateDependent(Indicator &indicator, Handle source, int first, std::vector<Handle> &updated);
+    void letRest(Indicator &indicator); // it and what is built on it
     std::shared_ptr<Indicator> find(Handle object) const;
 
     CandleService &m_candles;
