@@ -38,7 +38,7 @@ void PageView::addGroup(const PageGroup &group, QVBoxLayout *layout, QWidget *bo
         layout->addWidget(headline);
     }
     auto *form = new QFormLayout;
-    form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     form->setHorizontalSpacing(12);
     form->setVerticalSpacing(5);

@@ -53,7 +53,8 @@ ChartDeck::ChartDeck(Host &host, QWidget *parent) : QWidget(parent), m_host(host
         if (index >= 0 && index < int(m_panes.size()))
             closeChart(m_panes[std::size_t(index)]);
     });
-    connect(qApp, &QApplication::focusChanged, this, &ChartDeck::onFocusChanged);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { activateOwner(now); });
+    qApp->installEventFilter(this);
     retranslate();
 }
 
@@ -165,15 +166,22 @@ void ChartDeck::setMode(Mode mode) {
     emit modeChanged(mode);
 }
 
-void ChartDeck::onFocusChanged(QWidget *, QWidget *now) {
-    for (QWidget *widget = now; widget; widget = widget->parentWidget()) {
-        const auto place = std::find(m_panes.begin(), m_panes.end(), widget);
+void ChartDeck::activateOwner(QObject *object) {
+    for (; object; object = object->parent()) {
+        const auto place = std::find(m_panes.begin(), m_panes.end(), object);
         if (place != m_panes.end()) {
             if ((*place)->window() != 0)
                 activate(*place);
             return;
         }
     }
+}
+
+// A press counts before the chart sees it, and also where the window system gives no focus.
+bool ChartDeck::eventFilter(QObject *object, QEvent *event) {
+    if (event->type() == QEvent::MouseButtonPress && object->isWidgetType())
+        activateOwner(object);
+    return QWidget::eventFilter(object, event);
 }
 
 // As square a grid as the number of charts gives; the last row takes what is left.

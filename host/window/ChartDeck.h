@@ -40,6 +40,7 @@ signals:
     void captionChanged(desk::ChartPane *pane);
 
 protected:
+    bool eventFilter(QObject *object, QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
@@ -56,7 +57,7 @@ private:
         double weight = 1;
         std::vector<double> columns;
     };
-    void onFocusChanged(QWidget *old, QWidget *now);
+    void activateOwner(QObject *object); // the pane that a widget lies in
     void arrange();
     void makeRows();
     void showTabs();
