@@ -38,6 +38,8 @@ void CRGraphWidget::keyPressEvent(QKeyEvent *event) {
     if (!self)
         return;
     UpdatePrimitiveCountState();
+    if (!self)
+        return;
     if (command == KeyCommand::ZoomIn || command == KeyCommand::ZoomOut)
         UpdatePrimitivePositions(ScreenDataPointsNotUpdate(), false);
     else
