@@ -61,7 +61,6 @@ public:
     int m_sourceIndex = -1;
 
 private:
-    bool StillShown() const;
     void Append(CRPrimitive *primitive, int index, CRGraphLayer *layer);
     QString TitleValueText(const CRPrimitive *primitive) const;
 };

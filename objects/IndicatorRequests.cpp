@@ -8,11 +8,8 @@
 #include <QPointer>
 #include <algorithm>
 
-// Whether the window still lists this object. Only for use behind a QPointer to the window.
-bool CRIndicator::StillShown() const {
-    const auto &list = m_widget->m_indicators;
-    return std::find(list.begin(), list.end(), this) != list.end();
-}
+// A call of the host can take the window or this object away. Behind one, only the window's list is asked
+// whether this object is still there; no member is touched before.
 
 // The levels of one line are replaced; a record that names no line of ours changes nothing.
 void CRIndicator::SetHLines(const coreHorizontLine &lines) {
@@ -29,7 +26,7 @@ void CRIndicator::SetHLines(const coreHorizontLine &lines) {
 void CRIndicator::RequestHLines() {
     QPointer<CRGraphWidget> window(m_widget);
     const coreHorizontLine lines = HostCalls::horizontalLevels(m_handle);
-    if (window && StillShown())
+    if (window && window->HasIndicator(this))
         SetHLines(lines);
 }
 
@@ -46,12 +43,12 @@ void CRIndicator::RequestLinks() {
     QPointer<CRGraphWidget> window(m_widget);
     void *const handle = m_handle;
     const int count = HostCalls::linkCount(handle);
-    if (!window || !StillShown())
+    if (!window || !window->HasIndicator(this))
         return;
     std::vector<coreIndicatorLinks> links;
     if (isListCount(count))
         links = HostCalls::links(handle, count);
-    if (window && StillShown())
+    if (window && window->HasIndicator(this))
         SetLinks({static_cast<int>(links.size()), links.data()});
 }
 
@@ -86,11 +83,11 @@ void CRIndicator::UpdateData(coreCoreUpdateDpaData *data) {
         else if (kind == coreUpdateArrays)
             primitive->CRMDataLine::Create(primitive->GetArray());
         primitive->SyncInternalData();
-        if (!window || !StillShown())
+        if (!window || !window->HasIndicator(this))
             return;
     }
     RequestLinks();
-    if (window && StillShown())
+    if (window && window->HasIndicator(this))
         RequestHLines();
 }
 
