@@ -1,6 +1,7 @@
 // What the library shows to the outside, and the module's card.
 #include "tests/support/FakeHost.h"
 
+#include <QFile>
 #include <QProcess>
 #include <gtest/gtest.h>
 
@@ -99,6 +100,22 @@ TEST(Library, LoadsAndUnloadsAgainAndAgain) {
         host.tick();
         EXPECT_FALSE(host.grab(chart).isNull());
     }
+}
+
+TEST(Library, LeavesTheProcessWhenItIsClosed) {
+    const auto mapped = [] {
+        QFile maps("/proc/self/maps");
+        return maps.open(QIODevice::ReadOnly) && maps.readAll().contains("libvelmargraph");
+    };
+    {
+        FakeHost host;
+        Chart chart = host.createChart();
+        host.addInstrument(chart, "EURUSD");
+        host.addIndicator(chart, "Bollinger");
+        host.grab(chart);
+        EXPECT_TRUE(mapped());
+    }
+    EXPECT_FALSE(mapped());
 }
 
 TEST(Library, OpensAndClosesManyWindows) {
