@@ -14,9 +14,9 @@ constexpr int roundMs = 100;
 
 // Stretches of made history, back from now.
 constexpr qint64 tickMs = 30 * 60000LL;
-constexpr qint64 minuteDays = 30;
-constexpr qint64 hourDays = 2 * 365;
-constexpr qint64 dayDays = 15 * 365;
+constexpr qint64 minuteDays = 21;
+constexpr qint64 hourDays = 400;
+constexpr qint64 dayDays = 13 * 365;
 
 constexpr PairData pairs[] = {{"EUR/USD", 1.12, 0.006, 0.00012, 5},
                               {"GBP/USD", 1.31, 0.007, 0.00018, 5},
@@ -78,9 +78,9 @@ void Market::makeHistory(PriceWalk &walk, qint64 untilMs) {
         qint64 from;
         qint64 to;
         int samples;
-    } stretches[] = {{{'D', 1}, daysFrom, hoursFrom, 12},
-                     {{'I', 60}, hoursFrom, minutesFrom, 8},
-                     {{'I', 1}, minutesFrom, ticksFrom, 6}};
+    } stretches[] = {{{'D', 1}, daysFrom, hoursFrom, 8},
+                     {{'I', 60}, hoursFrom, minutesFrom, 5},
+                     {{'I', 1}, minutesFrom, ticksFrom, 4}};
     for (const auto &stretch : stretches) {
         const qint64 seconds = stretch.period.seconds();
         std::vector<Bar> bids;

@@ -32,22 +32,25 @@ public:
     Bar bar(qint32 time, qint32 seconds, int samples);
 
 private:
-    static constexpr int waves = 26;
+    static constexpr int waves = 16;
 
     struct Wave {
         double length = 0; // seconds of the busy clock
+        double share = 0;  // 1 / length
         double height = 0;
-        qint64 node = -1; // left node of the stretch whose two values are known
+        int node = -1; // left node of the stretch whose two values are known
         double left = 0;
-        double right = 0;
+        double step = 0; // from the left value to the right one
     };
 
     static double busyTime(qint64 timeMs);
-    double noise(quint32 wave, qint64 node) const;
+    double noise(quint32 wave, int node) const;
+    double rounded(double price) const;
     bool isBurst(qint64 timeMs) const;
 
     PairData m_pair;
     quint32 m_seed;
+    double m_scale = 1; // points of a unit of price
     std::array<Wave, waves> m_waves;
 };
 
