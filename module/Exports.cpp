@@ -13,7 +13,8 @@ VELMAR_EXPORT int GetModuleInfo(MODULE_INFO *info) {
     return module.GetModuleInfoWrap(info);
 }
 
-VELMAR_EXPORT void Initialize(HostFunction send, HostFunction second, void *coreHandle, void *componentHandle) {
+VELMAR_EXPORT void Initialize(HostFunction send, HostFunction second, void *coreHandle,
+                              void *componentHandle) {
     module.InitializeWrap(send, second, coreHandle, componentHandle);
 }
 

@@ -7,9 +7,9 @@
 #include "objects/Indicator.h"
 
 bool FindObject::Visit(const CRPrimitive *primitive) const {
-    return m_object && (primitive == m_object || primitive->m_hDpa == m_object ||
-                        primitive->GetArray() == m_object ||
-                        (primitive->m_pIndicator && primitive->m_pIndicator->GetHandle() == m_object));
+    return m_object &&
+           (primitive == m_object || primitive->m_hDpa == m_object || primitive->GetArray() == m_object ||
+            (primitive->m_pIndicator && primitive->m_pIndicator->GetHandle() == m_object));
 }
 
 bool FindObject::Search(const CRGraphWidget *widget) const {

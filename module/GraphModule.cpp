@@ -66,8 +66,9 @@ void CRGraphModule::OnTimerEvent() {
         CRGraphWidget *widget = m_widgets[i];
         if (widget->m_bHidden)
             continue;
-        *GetLog() << logMsgModule << logTrace << "m_bUpdatePrimitivePositions = "
-                  << static_cast<int>(widget->m_bUpdatePrimitivePositions) << "|GraphModule|203" << eLogEndLine;
+        *GetLog() << logMsgModule << logTrace
+                  << "m_bUpdatePrimitivePositions = " << static_cast<int>(widget->m_bUpdatePrimitivePositions)
+                  << "|GraphModule|203" << eLogEndLine;
         if (widget->m_bUpdatePrimitivePositions)
             widget->UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);
         if (GetGraphWidgetIndex(widget) < 0)

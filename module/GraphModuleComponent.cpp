@@ -22,14 +22,15 @@ QByteArray iconPng() {
     return png;
 }
 
-/// A text field with a terminator behind it, as the window's operations take it.
-template <class Unit, std::size_t N>
-struct EndedText {
-    explicit EndedText(const Unit (&field)[N]) {
-        std::memcpy(text, field, sizeof field);
-        text[N] = 0;
-    }
-    Unit text[N + 1];
+// Text fields with a terminator behind them, as the window's operations take them.
+struct EndedSymbol {
+    explicit EndedSymbol(const Unit16 (&field)[255]) { std::memcpy(text, field, sizeof field); }
+    unsigned short text[256] = {};
+};
+
+struct EndedType {
+    explicit EndedType(const char (&field)[255]) { std::memcpy(text, field, sizeof field); }
+    char text[256] = {};
 };
 
 } // namespace
@@ -128,12 +129,12 @@ int CRGraphModule::MvWindowComponentAddMdpa(int wParam, int lParam) {
             return 0;
         char providerText[256] = {};
         fillField(providerText, provider.left(255));
-        EndedText<unsigned short, 255> symbol(item.instrument.m_szNameSymbol);
-        EndedText<char, 255> type(item.instrument.m_szType);
+        EndedSymbol symbol(item.instrument.m_szNameSymbol);
+        EndedType type(item.instrument.m_szType);
         widget->m_additionRefused = false;
         widget->m_chooseLayerOnAdd = false;
-        widget->AddPrimaryPrimitive(symbol.text, type.text, item.instrument.m_periods, providerText, item.parameter,
-                                    nullptr);
+        widget->AddPrimaryPrimitive(symbol.text, type.text, item.instrument.m_periods, providerText,
+                                    item.parameter, nullptr);
         if (GetGraphWidgetIndex(widget) < 0)
             return 0;
     }
@@ -189,7 +190,7 @@ bool CRGraphModule::ApplyTemplate(CRGraphWidget *widget, const mvwcDpaItem &item
 
 // False ends the list: an indicator needs a source and the chart has none.
 bool CRGraphModule::AddIndicatorItem(CRGraphWidget *widget, mvwcDpaItem &item) {
-    EndedText<unsigned short, 255> name(item.instrument.m_szNameSymbol);
+    const EndedSymbol name(item.instrument.m_szNameSymbol);
     const bool needsSource = HostCalls::indicatorNeedsSource(item.handle, name.text);
     if (GetGraphWidgetIndex(widget) < 0)
         return false;
@@ -208,7 +209,8 @@ bool CRGraphModule::AddIndicatorItem(CRGraphWidget *widget, mvwcDpaItem &item) {
     if (widget->m_nPrimitiveCount == 1)
         widget->AddSecondaryPrimitive(name.text, item.handle, widget->GetAnyPrimitive(), nullptr);
     else
-        widget->SelectPrimitive(tr("G0056"), fieldText(item.instrument.m_szNameSymbol), item.handle, "", nullptr);
+        widget->SelectPrimitive(tr("G0056"), fieldText(item.instrument.m_szNameSymbol), item.handle, "",
+                                nullptr);
     return GetGraphWidgetIndex(widget) >= 0;
 }
 

@@ -10,7 +10,8 @@ int CRGraphModule::MwiChangePanelStatus(int wParam, int lParam) {
         return 1;
     CRGraphWidget *widget = window->widget;
     if (GetGraphWidgetIndex(widget) < 0) {
-        logLine(logMsgModule, logError, "MWI_SET_PANEL_STATE: wParam is not a GraphWidget", "|GraphModule|1751");
+        logLine(logMsgModule, logError, "MWI_SET_PANEL_STATE: wParam is not a GraphWidget",
+                "|GraphModule|1751");
         return 1;
     }
     const mwiPanelState *state = fromWord<const mwiPanelState>(lParam);

@@ -104,12 +104,14 @@ CoreLsListForDpaWrap *Core::GetListLs(const CRPrimitive *primitive, unsigned int
     list.array = primitive->GetArray();
     list.reserved = 0;
     list.count = count;
-    m_module->SendCore(ToHost::ListLineStudies, indicatorHandle(primitive), static_cast<coreLsListForDpa *>(&list));
+    m_module->SendCore(ToHost::ListLineStudies, indicatorHandle(primitive),
+                       static_cast<coreLsListForDpa *>(&list));
     return &list;
 }
 
 // The pane of the primitive is named by its address.
-const lsCreateObject *Ls::CreateObject(const char *name, const CRPrimitive *primitive, void *interfaceHandle) const {
+const lsCreateObject *Ls::CreateObject(const char *name, const CRPrimitive *primitive,
+                                       void *interfaceHandle) const {
     static lsCreateObject record;
     clearRecord(record);
     fillField(record.name, name);

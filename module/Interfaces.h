@@ -44,7 +44,8 @@ class Ls : public Core {
 public:
     using Core::Core;
 
-    const lsCreateObject *CreateObject(const char *name, const CRPrimitive *primitive, void *interfaceHandle) const;
+    const lsCreateObject *CreateObject(const char *name, const CRPrimitive *primitive,
+                                       void *interfaceHandle) const;
     int DeleteObject(void *interfaceHandle, void *object) const;
     int GetName(void *interfaceHandle, void *object, char *ascii, QString &text) const;
     int Focus(void *interfaceHandle, void *object, bool selected, unsigned int value) const;

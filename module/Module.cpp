@@ -41,7 +41,8 @@ CModule::CModule(const char *name, unsigned int number1, unsigned int number2, u
 
 CModule::~CModule() = default;
 
-void CModule::InitializeWrap(HostFunction send, HostFunction second, void *coreHandle, void *componentHandle) {
+void CModule::InitializeWrap(HostFunction send, HostFunction second, void *coreHandle,
+                             void *componentHandle) {
     m_sendMessage = send;
     m_hostFunction2 = second;
     m_coreHandle = coreHandle;
@@ -69,7 +70,8 @@ int CModule::ReceiveMessageWrap(void *, unsigned int message, int, int) {
     return 0;
 }
 
-int CModule::Send(void *target, unsigned int message, MessageWord wParam, MessageWord lParam, int neutral) const {
+int CModule::Send(void *target, unsigned int message, MessageWord wParam, MessageWord lParam,
+                  int neutral) const {
     return m_sendMessage ? m_sendMessage(target, message, wParam.value, lParam.value) : neutral;
 }
 
@@ -153,7 +155,8 @@ Word CModule::CreateEvent(const QString &name) {
 int CModule::EmitEvent(const QString &name, MVEvent &event) {
     const auto found = m_events.find(name);
     if (found == m_events.end()) {
-        LogHelper::ShowLogInfo(logMsgModule, logError, QString("Can't emit event with name \"%1\"").arg(name));
+        LogHelper::ShowLogInfo(logMsgModule, logError,
+                               QString("Can't emit event with name \"%1\"").arg(name));
         return 1;
     }
     const Word id = found->second;

@@ -33,12 +33,14 @@ public:
     CModule &operator=(const CModule &) = delete;
     virtual ~CModule();
 
-    virtual void InitializeWrap(HostFunction send, HostFunction second, void *coreHandle, void *componentHandle);
+    virtual void InitializeWrap(HostFunction send, HostFunction second, void *coreHandle,
+                                void *componentHandle);
     virtual int GetModuleInfoWrap(MODULE_INFO *info) const;
     virtual int ReceiveMessageWrap(void *sender, unsigned int message, int wParam, int lParam);
 
     // ---- messages: the only places that call the host ----
-    int Send(void *target, unsigned int message, MessageWord wParam, MessageWord lParam, int neutral = 0) const;
+    int Send(void *target, unsigned int message, MessageWord wParam, MessageWord lParam,
+             int neutral = 0) const;
     int SendCore(unsigned int message, MessageWord wParam, MessageWord lParam, int neutral = 0) const;
     bool HasHost() const { return m_sendMessage != nullptr; }
 

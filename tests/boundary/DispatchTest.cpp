@@ -7,8 +7,8 @@
 namespace {
 
 // Messages whose work is not built yet; they are answered like unknown ones.
-const unsigned silent[] = {3020, 3021, 3073, 3140, 3184, 3185, 3521, 5012, 5014,
-                           5026, 5027, 5028, 5029, 5030, 5031, 5032};
+const unsigned silent[] = {3020, 3021, 3073, 3140, 3184, 3185, 3521, 5012,
+                           5014, 5026, 5027, 5028, 5029, 5030, 5031, 5032};
 
 TEST(Dispatch, UnknownMessagesDoNothing) {
     FakeHost host;
@@ -39,7 +39,8 @@ TEST(Dispatch, RowsOfLaterFeaturesAnswerLikeUnknownMessages) {
 TEST(Dispatch, UnknownWindowsAreRefused) {
     FakeHost host;
     int nothing[4] = {};
-    for (const unsigned message : {3010u, 3011u, 3076u, 3130u, 5004u, 5005u, 5006u, 5007u, 5009u, 5011u, 12001u}) {
+    for (const unsigned message :
+         {3010u, 3011u, 3076u, 3130u, 5004u, 5005u, 5006u, 5007u, 5009u, 5011u, 12001u}) {
         EXPECT_EQ(host.send(message, 0, nothing), 1) << message;
         EXPECT_EQ(host.send(message, 0x1234, nothing), 1) << message;
     }
@@ -117,7 +118,8 @@ TEST(Clock, LogsEachTickAndEachVisibleWindow) {
         lines.append(line.text);
     EXPECT_EQ(lines.count("CRGraphModule::timerEvent start|GraphModule|194"), 1);
     EXPECT_EQ(lines.filter("|GraphModule|203").size(), 1);
-    EXPECT_TRUE(lines.contains("m_bUpdatePrimitivePositions = 0|GraphModule|203")) << lines.join("\n").toStdString();
+    EXPECT_TRUE(lines.contains("m_bUpdatePrimitivePositions = 0|GraphModule|203"))
+        << lines.join("\n").toStdString();
 }
 
 TEST(Clock, AQuoteIsWorkedOffAtTheNextTick) {

@@ -30,8 +30,9 @@ TEST(Exports, LibraryNeedsOnlyQtAndTheRunTime) {
         const bool allowed = name.startsWith("libQt5Core.") || name.startsWith("libQt5Gui.") ||
                              name.startsWith("libQt5Widgets.") || name.startsWith("libQt5PrintSupport.") ||
                              name.startsWith("libstdc++.") || name.startsWith("libgcc_s.") ||
-                             name.startsWith("libc.") || name.startsWith("libm.") || name.startsWith("ld-linux.") ||
-                             name.startsWith("libasan.") || name.startsWith("libubsan.");
+                             name.startsWith("libc.") || name.startsWith("libm.") ||
+                             name.startsWith("ld-linux.") || name.startsWith("libasan.") ||
+                             name.startsWith("libubsan.");
         EXPECT_TRUE(allowed) << name.toStdString();
     }
 }

@@ -66,8 +66,8 @@ TEST(Start, AsksInItsOrder) {
     FakeHost host(FakeHost::Created);
     host.clearTraffic();
     EXPECT_EQ(host.send(3004u), 0);
-    EXPECT_EQ(numbers(host), (std::vector<unsigned>{3116, 3117, 3207, 3205, 3002, 3001, 3001, 3110, 3110, 3110,
-                                                    3110, 3112}));
+    EXPECT_EQ(numbers(host), (std::vector<unsigned>{3116, 3117, 3207, 3205, 3002, 3001, 3001, 3110, 3110,
+                                                    3110, 3110, 3112}));
 }
 
 TEST(Start, SubscribesTradeModuleAndModule) {

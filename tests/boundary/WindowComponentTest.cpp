@@ -1,6 +1,7 @@
 // The window component family: a chart window as the host creates, fills, asks and deletes it.
 #include "tests/support/FakeHost.h"
 
+#include <QScrollBar>
 #include <QSlider>
 #include <gtest/gtest.h>
 
@@ -196,7 +197,8 @@ TEST(AddIndicators, OneSeriesIsTheSource) {
     host.clearTraffic();
     EXPECT_EQ(host.addIndicator(chart, "MA"), 0);
     ASSERT_EQ(host.count(3008), 1);
-    EXPECT_EQ(bytes::u32(host.callsOf(3008).front().wRecord.constData(), 0), host.interfaceOf("MVINDICATORS"));
+    EXPECT_EQ(bytes::u32(host.callsOf(3008).front().wRecord.constData(), 0),
+              host.interfaceOf("MVINDICATORS"));
     FakeObject *average = host.lastObject();
     ASSERT_EQ(average->sources.size(), 1u);
     EXPECT_EQ(average->sources.front(), euro->array().header());
@@ -421,19 +423,35 @@ TEST(Zoom, ActsOnTheCurrentWindowOnly) {
     host.send(5005u, chart.handle);
     host.addInstrument(chart, "EURUSD");
     host.tick();
-    host.milestones.clear();
+    const auto *bar = qobject_cast<QScrollBar *>(childOfClass(chart.widget, "CTimeScrollBar"));
+    ASSERT_TRUE(bar);
+    const int before = bar->pageStep();
     EXPECT_EQ(host.send(3550u, 0), 0);
-    EXPECT_FALSE(host.milestones.contains("Zoom in")); // no window has the focus yet
+    EXPECT_EQ(bar->pageStep(), before); // no window has the focus yet
     host.send(5009u, chart.handle);
-    const int before = host.slider->value();
     EXPECT_EQ(host.send(3550u, 1), 0);
     EXPECT_EQ(host.send(3551u, 1), 0);
     EXPECT_EQ(host.send(3552u, 3, -20), 0);
-    EXPECT_EQ(host.slider->value(), before);
+    EXPECT_EQ(bar->pageStep(), before);
     EXPECT_EQ(host.send(3550u, 0), 0);
-    EXPECT_GT(host.slider->value(), before);
-    EXPECT_EQ(host.send(3552u, 0, -40), 0);
-    EXPECT_EQ(host.slider->value(), -40);
+    EXPECT_LT(bar->pageStep(), before);
+    EXPECT_EQ(host.slider->value(), -bar->pageStep());
+    EXPECT_EQ(host.send(3551u, 0), 0);
+    EXPECT_EQ(host.slider->value(), -bar->pageStep());
+}
+
+TEST(Zoom, SliderValueIsMinusTheNumberOfPositions) {
+    FakeHost host;
+    Chart chart = host.createChart();
+    host.addInstrument(chart, "EURUSD");
+    host.tick();
+    const auto *bar = qobject_cast<QScrollBar *>(childOfClass(chart.widget, "CTimeScrollBar"));
+    ASSERT_TRUE(bar);
+    EXPECT_EQ(host.send(3552u, 8, -40), 0);
+    host.slider->setValue(-40);
+    EXPECT_EQ(bar->pageStep(), 40);
+    EXPECT_EQ(host.send(3552u, 0, -55), 0);
+    EXPECT_EQ(bar->pageStep(), 55);
 }
 
 TEST(CrossCursor, MessageOtherThanOneIsIgnored) {

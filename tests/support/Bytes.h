@@ -19,10 +19,18 @@ void put(void *record, int offset, T value) {
     std::memcpy(static_cast<char *>(record) + offset, &value, sizeof value);
 }
 
-inline std::uint32_t u32(const void *record, int offset) { return at<std::uint32_t>(record, offset); }
-inline std::int32_t i32(const void *record, int offset) { return at<std::int32_t>(record, offset); }
-inline float f32(const void *record, int offset) { return at<float>(record, offset); }
-inline std::uint8_t u8(const void *record, int offset) { return at<std::uint8_t>(record, offset); }
+inline std::uint32_t u32(const void *record, int offset) {
+    return at<std::uint32_t>(record, offset);
+}
+inline std::int32_t i32(const void *record, int offset) {
+    return at<std::int32_t>(record, offset);
+}
+inline float f32(const void *record, int offset) {
+    return at<float>(record, offset);
+}
+inline std::uint8_t u8(const void *record, int offset) {
+    return at<std::uint8_t>(record, offset);
+}
 
 inline QString text8(const void *record, int offset, int width) {
     const char *text = static_cast<const char *>(record) + offset;

@@ -126,8 +126,8 @@ public:
     int (*ReceiveMessage)(void *, unsigned, int, int) = nullptr;
     void *moduleObject = nullptr; // address of the exported object
     void initialize(bool withFunction = true);
-    void close(); // the end of a run; the destructor does it too
-    void setLiveTimer(bool on); // by default only tick() ticks
+    void close();                                         // the end of a run; the destructor does it too
+    void setLiveTimer(bool on);                           // by default only tick() ticks
     int timerInterval() const { return m_timerInterval; } // of the module's clock, in milliseconds
 
     // ---- messages to the module ----
@@ -137,15 +137,15 @@ public:
     int send(unsigned message, int wParam, const void *lParam);
 
     // ---- charts ----
-    Chart createChart(QSize size = QSize(800, 600), Word kind = 0); // 5003, 5005, 5009, 5011
+    Chart createChart(QSize size = QSize(800, 600), Word kind = 0);     // 5003, 5005, 5009, 5011
     Chart createBareChart(QSize size = QSize(800, 600), Word kind = 0); // 5003 alone
-    void deleteChart(Chart &chart);                                    // 5004 and the frame
+    void deleteChart(Chart &chart);                                     // 5004 and the frame
     std::vector<Chart> &charts() { return m_charts; }
     FakeObject *addInstrument(const Chart &chart, const QString &symbol, char letter = 'I', int length = 60,
-                              const char *type = "Bid"); // 5007; the object, null when none was made
+                              const char *type = "Bid");       // 5007; the object, null when none was made
     int addIndicator(const Chart &chart, const QString &name); // 5006; its result
     QString caption(const Chart &chart);                       // 5034
-    void tick(); // one pass of the module's timer
+    void tick();                                               // one pass of the module's timer
     QImage grab(const Chart &chart);
     void settle(); // works off posted events
 
@@ -174,8 +174,8 @@ public:
     QLabel *timeLabel = nullptr; // the panes of the status bar
     QLabel *priceLabel = nullptr;
     std::vector<LogLine> log;
-    QStringList milestones; // texts of 5008; an empty text is "desktop changed"
-    QStringList captions;   // texts of 5033
+    QStringList milestones;                // texts of 5008; an empty text is "desktop changed"
+    QStringList captions;                  // texts of 5033
     std::vector<LocatorItem> locatorItems; // as shown last
     Word locatorBackground = 0;
     int locatorCalls = 0;
@@ -200,7 +200,7 @@ public:
     Word componentHandle() const { return 0x00C0E002; }
     Word moduleInterface() const { return m_moduleInterface; } // as given out at 3000
     Word addInterface(const char *name, const char *provider, const char *object);
-    void removeInterface(const char *name); // every one of that kind
+    void removeInterface(const char *name);   // every one of that kind
     Word interfaceOf(const char *name) const; // the first of that kind, 0 without one
 
     // ---- events ----

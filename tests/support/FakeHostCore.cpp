@@ -10,7 +10,8 @@ int writeLog(const coreLogRecord *record) {
     FakeHost *host = FakeHost::current();
     if (!host)
         return 1;
-    host->log.push_back({readEndedText(record->name), record->type, record->level, readEndedText(record->text)});
+    host->log.push_back(
+        {readEndedText(record->name), record->type, record->level, readEndedText(record->text)});
     return 0;
 }
 
@@ -51,9 +52,12 @@ void FakeHost::registerDefaults() {
     bands.displayName = "Bollinger (3)";
     bands.category = 3;
     const auto shifted = [](float by) {
-        return [by](const std::vector<float> &closes, int i) { return closes[static_cast<std::size_t>(i)] * by; };
+        return [by](const std::vector<float> &closes, int i) {
+            return closes[static_cast<std::size_t>(i)] * by;
+        };
     };
-    bands.outputs = {{"Upper", 4, 0, 0, shifted(1.002f)}, {"Middle", 4, 0, 0, shifted(1.0f)},
+    bands.outputs = {{"Upper", 4, 0, 0, shifted(1.002f)},
+                     {"Middle", 4, 0, 0, shifted(1.0f)},
                      {"Lower", 4, 0, 0, shifted(0.998f)}};
     bands.links = {{0, 1, 1, 3, 2}};
     addIndicatorKind(bands);
@@ -104,7 +108,8 @@ Word FakeHost::interfaceOf(const char *name) const {
 
 bool FakeHost::matches(const NamedInterface &item, const coreNameInterface &names) const {
     const auto part = [](const QString &have, const QString &want) { return want.isEmpty() || have == want; };
-    return part(item.name, fieldText(names.nameIntreface)) && part(item.provider, fieldText(names.nameProvider)) &&
+    return part(item.name, fieldText(names.nameIntreface)) &&
+           part(item.provider, fieldText(names.nameProvider)) &&
            part(item.object, fieldText(names.nameObject));
 }
 
@@ -179,8 +184,8 @@ int FakeHost::answerCore(unsigned message, int wParam, int lParam, bool *known) 
     }
     case ToHost::SubscribeEvent: {
         const void *record = fromWord<void>(wParam);
-        m_subscriptions.push_back({bytes::text8(record, 0, 255), bytes::u32(record, 259),
-                                   fromWord<void>(bytes::u32(record, 263))});
+        m_subscriptions.push_back(
+            {bytes::text8(record, 0, 255), bytes::u32(record, 259), fromWord<void>(bytes::u32(record, 263))});
         return 0;
     }
     case ToHost::UnsubscribeEvent: {
@@ -204,7 +209,8 @@ int FakeHost::answerCore(unsigned message, int wParam, int lParam, bool *known) 
         return 0;
     }
     case ToHost::InsertText:
-        texts[bytes::text8(fromWord<void>(wParam), 1024, 1024)] = bytes::text8(fromWord<void>(wParam), 2048, 1024);
+        texts[bytes::text8(fromWord<void>(wParam), 1024, 1024)] =
+            bytes::text8(fromWord<void>(wParam), 2048, 1024);
         return 0;
     case ToHost::LanguageCount:
         bytes::put<int>(fromWord<void>(wParam), 0, static_cast<int>(languages.size()));

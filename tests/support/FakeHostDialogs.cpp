@@ -5,7 +5,8 @@
 #include <QMessageBox>
 #include <QTimer>
 
-QString FakeHost::Translator::translate(const char *context, const char *sourceText, const char *, int) const {
+QString FakeHost::Translator::translate(const char *context, const char *sourceText, const char *,
+                                        int) const {
     if (qstrcmp(context, "CTranslateGraphic") != 0)
         return QString();
     const QString id = QString::fromLatin1(sourceText);

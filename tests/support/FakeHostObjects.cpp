@@ -288,12 +288,14 @@ int FakeHost::answerObject(unsigned message, int wParam, int lParam, bool *known
         return 0;
     case ToHost::Unsubscribe:
         if (asked) {
-            const auto found = asked->subscribers.find(fromWord<CRGraphWidget>(bytes::u32(fromWord<void>(lParam), 4)));
+            const auto found =
+                asked->subscribers.find(fromWord<CRGraphWidget>(bytes::u32(fromWord<void>(lParam), 4)));
             if (found != asked->subscribers.end())
                 asked->subscribers.erase(found);
         }
         return 0;
-    case ToHost::OutputCount: return asked ? giveWord(static_cast<Word>(asked->outputs.size())) : 1;
+    case ToHost::OutputCount:
+        return asked ? giveWord(static_cast<Word>(asked->outputs.size())) : 1;
     case ToHost::OutputArrays: {
         auto *list = fromWord<coreListCreateData>(lParam);
         if (!asked)
@@ -304,7 +306,8 @@ int FakeHost::answerObject(unsigned message, int wParam, int lParam, bool *known
         list->count = static_cast<int>(asked->outputs.size());
         return 0;
     }
-    case ToHost::SourceCount: return asked ? giveWord(static_cast<Word>(asked->inputs)) : 1;
+    case ToHost::SourceCount:
+        return asked ? giveWord(static_cast<Word>(asked->inputs)) : 1;
     case ToHost::HandOverSources: {
         const auto *list = fromWord<const coreListCreateData>(lParam);
         if (!asked)
@@ -317,8 +320,10 @@ int FakeHost::answerObject(unsigned message, int wParam, int lParam, bool *known
         recompute(asked);
         return 0;
     }
-    case ToHost::InterfaceOfObject: return asked ? giveWord(asked->maker) : 1;
-    case ToHost::LinkCount: return asked ? giveWord(static_cast<Word>(asked->links.size())) : 1;
+    case ToHost::InterfaceOfObject:
+        return asked ? giveWord(asked->maker) : 1;
+    case ToHost::LinkCount:
+        return asked ? giveWord(static_cast<Word>(asked->links.size())) : 1;
     case ToHost::Links: {
         auto *list = fromWord<coreListIndicatorLinks>(lParam);
         if (!asked)
@@ -351,8 +356,9 @@ int FakeHost::answerObject(unsigned message, int wParam, int lParam, bool *known
         }
         identity->sNameInstrument = asked->name;
         identity->nSzNumber = asked->number;
-        const FakeObject *source =
-            asked->sources.empty() ? nullptr : object(static_cast<Word>(toWord(asked->sources.front()->owner)));
+        const FakeObject *source = asked->sources.empty()
+                                       ? nullptr
+                                       : object(static_cast<Word>(toWord(asked->sources.front()->owner)));
         identity->m_nLevelDpa = asked->instrument ? 0 : source && !source->instrument ? 2 : 1;
         return 0;
     }
@@ -401,8 +407,10 @@ int FakeHost::answerObject(unsigned message, int wParam, int lParam, bool *known
         bytes::putText16(fromWord<void>(wParam), 1530, 255, alias);
         return 0;
     }
-    case ToHost::ConfirmObject: return asked ? giveWord(asked->confirm) : 1;
-    case ToHost::CreationAbandoned: return 0;
+    case ToHost::ConfirmObject:
+        return asked ? giveWord(asked->confirm) : 1;
+    case ToHost::CreationAbandoned:
+        return 0;
     case ToHost::BaseObject: {
         const FakeObject *top = asked;
         while (top && !top->sources.empty())
@@ -421,7 +429,8 @@ int FakeHost::answerObject(unsigned message, int wParam, int lParam, bool *known
         }
         return giveWord(line);
     }
-    case ToHost::SystemNumber: return asked ? giveWord(asked->number) : 1;
+    case ToHost::SystemNumber:
+        return asked ? giveWord(asked->number) : 1;
     case ToHost::ObjectOfNumber:
         for (FakeObject *numbered : objects()) {
             if (numbered->number == static_cast<Word>(wParam))
@@ -478,7 +487,8 @@ int FakeHost::answerEngine(void *, unsigned message, int wParam, int lParam, boo
         bytes::put<int>(fromWord<void>(wParam), 0, 0);
         return 0;
     case ToHost::DayOffCount:
-        bytes::put<int>(fromWord<void>(lParam), 0, static_cast<int>(dayOff[static_cast<Word>(wParam)].size()));
+        bytes::put<int>(fromWord<void>(lParam), 0,
+                        static_cast<int>(dayOff[static_cast<Word>(wParam)].size()));
         return 0;
     case ToHost::DayOffSymbols: {
         char *out = fromWord<char>(bytes::u32(fromWord<void>(lParam), 4));

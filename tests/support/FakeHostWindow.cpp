@@ -18,7 +18,8 @@ void showLocator(const mwiLocatorMessage *message) {
     const char *items = fromWord<const char>(bytes::u32(message, 4));
     for (int i = 0; i < count; ++i) {
         const char *item = items + 2056 * i;
-        host->locatorItems.push_back({bytes::text16(item, 0, 1024), bytes::u32(item, 2048), bytes::u32(item, 2052)});
+        host->locatorItems.push_back(
+            {bytes::text16(item, 0, 1024), bytes::u32(item, 2048), bytes::u32(item, 2052)});
     }
 }
 
@@ -45,11 +46,16 @@ int FakeHost::answerWindow(unsigned message, int wParam, int lParam, bool *known
     case ToHost::HasWorkFolder:
         bytes::put<Word>(fromWord<void>(wParam), 0, workFolder.isEmpty() ? 0 : 1);
         return 0;
-    case ToHost::ZoomInButton: return giveWidget(zoomInButton);
-    case ToHost::ZoomOutButton: return giveWidget(zoomOutButton);
-    case ToHost::ZoomSlider: return giveWidget(slider);
-    case ToHost::LastCandleButton: return giveWidget(lastCandleButton);
-    case ToHost::InformationBoxButton: return giveWidget(informationButton);
+    case ToHost::ZoomInButton:
+        return giveWidget(zoomInButton);
+    case ToHost::ZoomOutButton:
+        return giveWidget(zoomOutButton);
+    case ToHost::ZoomSlider:
+        return giveWidget(slider);
+    case ToHost::LastCandleButton:
+        return giveWidget(lastCandleButton);
+    case ToHost::InformationBoxButton:
+        return giveWidget(informationButton);
     case ToHost::CrossCursor:
         if (wParam == 1)
             crossCursor = bytes::u32(fromWord<void>(lParam), 0);

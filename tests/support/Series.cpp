@@ -72,11 +72,16 @@ coreNameInstrument makeName(const QString &symbol, const char *type, namePeriod 
 int periodSeconds(const namePeriod &period) {
     const int length = std::max(1, static_cast<int>(period.lenPeriod));
     switch (period.period) {
-    case 'D': return length * 86400;
-    case 'W': return length * 7 * 86400;
-    case 'M': return length * 30 * 86400;
-    case 'Y': return length * 365 * 86400;
-    default: return period.lenPeriod == 0 ? 5 : length * 60;
+    case 'D':
+        return length * 86400;
+    case 'W':
+        return length * 7 * 86400;
+    case 'M':
+        return length * 30 * 86400;
+    case 'Y':
+        return length * 365 * 86400;
+    default:
+        return period.lenPeriod == 0 ? 5 : length * 60;
     }
 }
 
@@ -120,8 +125,8 @@ void FakeArray::append(const void *record) {
 
 void FakeArray::replaceLast(const void *record) {
     if (m_header.count > 0)
-        std::memcpy(m_data.data() + static_cast<std::size_t>(m_header.count - 1) * m_header.recordSize, record,
-                    m_header.recordSize);
+        std::memcpy(m_data.data() + static_cast<std::size_t>(m_header.count - 1) * m_header.recordSize,
+                    record, m_header.recordSize);
 }
 
 void FakeArray::clear() {
@@ -131,8 +136,12 @@ void FakeArray::clear() {
 }
 
 void FakeArray::setCandles(const std::vector<Bar> &bars) {
-    setFields({{DPT_LONG, "TIME"}, {DPT_FLOAT, "OPEN"}, {DPT_FLOAT, "HIGH"}, {DPT_FLOAT, "LOW"},
-               {DPT_FLOAT, "CLOSE"}, {DPT_FLOAT, "VOLUME"}});
+    setFields({{DPT_LONG, "TIME"},
+               {DPT_FLOAT, "OPEN"},
+               {DPT_FLOAT, "HIGH"},
+               {DPT_FLOAT, "LOW"},
+               {DPT_FLOAT, "CLOSE"},
+               {DPT_FLOAT, "VOLUME"}});
     m_data.reserve(bars.size() * sizeof(Bar));
     for (const Bar &bar : bars)
         append(&bar);
@@ -151,7 +160,10 @@ void FakeArray::setValues(const std::vector<Value> &values) {
 }
 
 void FakeArray::setMarks(const std::vector<corePointMark> &marks) {
-    setFields({{DPT_LONG, "TIME"}, {DPT_FLOAT, "HIGH"}, {DPT_FLOAT, "LOW"}, {DPT_BYTE, "SIGN"},
+    setFields({{DPT_LONG, "TIME"},
+               {DPT_FLOAT, "HIGH"},
+               {DPT_FLOAT, "LOW"},
+               {DPT_BYTE, "SIGN"},
                {DPT_LONG, "COLOR"}});
     for (const corePointMark &mark : marks)
         append(&mark);

@@ -45,9 +45,9 @@ public:
     int count() const { return m_header.count; }
     const unsigned char *record(int index) const { return m_data.data() + index * m_header.recordSize; }
 
-    void setCandles(const std::vector<Bar> &bars); // TIME, OPEN, HIGH, LOW, CLOSE, VOLUME
-    void setTicks(const std::vector<Tick> &ticks); // TIME, VALUE, VOLUME
-    void setValues(const std::vector<Value> &values); // TIME, VALUE
+    void setCandles(const std::vector<Bar> &bars);          // TIME, OPEN, HIGH, LOW, CLOSE, VOLUME
+    void setTicks(const std::vector<Tick> &ticks);          // TIME, VALUE, VOLUME
+    void setValues(const std::vector<Value> &values);       // TIME, VALUE
     void setMarks(const std::vector<corePointMark> &marks); // TIME, HIGH, LOW, SIGN, COLOR
     Bar bar(int index) const;
 

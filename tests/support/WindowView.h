@@ -97,8 +97,8 @@ inline void release(const Chart &chart, const QPoint &point) {
 
 /// A move with the left button held down.
 inline void drag(const Chart &chart, const QPoint &point) {
-    QMouseEvent event(QEvent::MouseMove, point, chart.widget->mapToGlobal(point), Qt::NoButton, Qt::LeftButton,
-                      Qt::NoModifier);
+    QMouseEvent event(QEvent::MouseMove, point, chart.widget->mapToGlobal(point), Qt::NoButton,
+                      Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(chart.widget, &event);
 }
 

@@ -224,7 +224,8 @@ TEST(FindDate, IsStoredOnlyWhenItAsksForIt) {
     EXPECT_EQ(module.GetFindDateData().GetSavedTime(), before.GetSavedTime());
     data.SetSaveDateTime(true);
     module.SetFindDateData(data);
-    EXPECT_EQ(module.GetFindDateData().GetSavedDateTime(), QDateTime(QDate(2014, 5, 5), QTime(10, 0), Qt::UTC));
+    EXPECT_EQ(module.GetFindDateData().GetSavedDateTime(),
+              QDateTime(QDate(2014, 5, 5), QTime(10, 0), Qt::UTC));
     EXPECT_TRUE(module.GetFindDateData().IsSaveDateTime());
 }
 
@@ -322,12 +323,11 @@ TEST(Rows, CoverEveryMessageOnce) {
             silent.push_back(table.rows[i].number);
     }
     EXPECT_EQ(table.count, 52);
-    EXPECT_EQ(numbers,
-              (std::set<unsigned>{3004, 3005, 3007, 3009, 3010, 3011, 3020, 3021, 3062, 3066, 3073,
-                                  3076, 3081, 3114, 3115, 3130, 3140, 3184, 3185, 3518, 3521, 3545,
-                                  3546, 3550, 3551, 3552, 3553, 3555, 5001, 5003, 5004, 5005, 5006,
-                                  5007, 5009, 5011, 5012, 5014, 5022, 5023, 5024, 5025, 5026, 5027,
-                                  5028, 5029, 5030, 5031, 5032, 5034, 10054, 12001}));
+    EXPECT_EQ(numbers, (std::set<unsigned>{3004, 3005, 3007, 3009, 3010, 3011, 3020,  3021, 3062, 3066, 3073,
+                                           3076, 3081, 3114, 3115, 3130, 3140, 3184,  3185, 3518, 3521, 3545,
+                                           3546, 3550, 3551, 3552, 3553, 3555, 5001,  5003, 5004, 5005, 5006,
+                                           5007, 5009, 5011, 5012, 5014, 5022, 5023,  5024, 5025, 5026, 5027,
+                                           5028, 5029, 5030, 5031, 5032, 5034, 10054, 12001}));
     EXPECT_EQ(silent, (std::vector<unsigned>{3020, 3021, 3073, 3140, 3184, 3185, 3521, 5012, 5014, 5026, 5027,
                                              5028, 5029, 5030, 5031, 5032}));
 }

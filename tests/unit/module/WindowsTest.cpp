@@ -179,14 +179,16 @@ TEST(Refresh, LogsItsSteps) {
     host.window(second).m_bHidden = true;
     host.log.clear();
     module.UpdateAllScreenBuffer();
-    EXPECT_EQ(host.logTexts().filter("|GraphModule|"),
-              (QStringList{"CRGraphModule::UpdateAllScreenBuffer start|GraphModule|233", "update|GraphModule|240",
-                           "CRGraphModule::UpdateAllScreenBuffer finish|GraphModule|243"}));
+    EXPECT_EQ(
+        host.logTexts().filter("|GraphModule|"),
+        (QStringList{"CRGraphModule::UpdateAllScreenBuffer start|GraphModule|233", "update|GraphModule|240",
+                     "CRGraphModule::UpdateAllScreenBuffer finish|GraphModule|243"}));
     host.log.clear();
     module.UpdateAllTradeData();
-    EXPECT_EQ(host.logTexts().filter("|GraphModule|"),
-              (QStringList{"CRGraphModule::UpdateAllTradeData start|GraphModule|248", "update|GraphModule|254",
-                           "update|GraphModule|254", "CRGraphModule::UpdateAllTradeData finish|GraphModule|257"}));
+    EXPECT_EQ(
+        host.logTexts().filter("|GraphModule|"),
+        (QStringList{"CRGraphModule::UpdateAllTradeData start|GraphModule|248", "update|GraphModule|254",
+                     "update|GraphModule|254", "CRGraphModule::UpdateAllTradeData finish|GraphModule|257"}));
     host.log.clear();
     module.UpdateScreenFromTrade();
     EXPECT_EQ(host.logTexts().filter("|GraphModule|"),

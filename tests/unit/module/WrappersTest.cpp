@@ -143,7 +143,8 @@ TEST(LsWrapper, RebindAndAttachGoToTheCore) {
         }
         return static_cast<int>(call.message);
     };
-    EXPECT_EQ(core.AddLs(handle(5), fromWord<mvDataPointArray>(Word(0x10)), handle(0x20), handle(0x30)), 3068);
+    EXPECT_EQ(core.AddLs(handle(5), fromWord<mvDataPointArray>(Word(0x10)), handle(0x20), handle(0x30)),
+              3068);
     EXPECT_EQ(host.asked[0].wParam, 5);
     EXPECT_EQ(core.DelLs(handle(6), handle(7)), 3071);
     EXPECT_EQ(host.asked[1].wParam, 6);
@@ -200,7 +201,8 @@ TEST(HostCalls, SubscriptionsNameModuleAndWindow) {
     RecordingHost host;
     auto *window = fromWord<CRGraphWidget>(Word(0x99));
     host.answer = [&](const RecordingHost::Asked &call) {
-        const void *record = fromWord<void>(call.message == ToHost::WindowGoesAway ? call.wParam : call.lParam);
+        const void *record =
+            fromWord<void>(call.message == ToHost::WindowGoesAway ? call.wParam : call.lParam);
         EXPECT_EQ(bytes::u32(record, 0), 0x4444u);
         EXPECT_EQ(bytes::u32(record, 4), 0x99u);
         return 0;
