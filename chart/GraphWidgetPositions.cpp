@@ -108,9 +108,12 @@ void CRGraphWidget::RebuildPositions(bool force) {
     if (!alive)
         return;
     UpdateScaleWidth();
+    if (!alive)
+        return;
     m_bUpdatePrimitivePositions = false;
     MoveGraphics2Autopos();
-    m_bDrawn = false;
+    if (alive)
+        m_bDrawn = false;
 }
 
 /// The positions right of the last candle have real times, one interval of `base` after the other.
