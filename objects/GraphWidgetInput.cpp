@@ -242,6 +242,7 @@ void CRGraphWidget::FinishRange() {
     const QPointer<CRGraphWidget> self(this);
     const int points = m_rangeEnd - m_rangeStart + 1;
     const int rightEdge = m_rangeEnd + 1;
+    m_bAutoZoomOut = false;
     SetScreenPoints(points);
     SetZoomSlider(points);
     if (!self)
@@ -295,6 +296,7 @@ void CRGraphWidget::mouseDoubleClickEvent(QMouseEvent *event) {
 void CRGraphWidget::wheelEvent(QWheelEvent *event) {
     if (m_loading)
         return;
+    trace("CRGraphWidget::wheelEvent: start", LOG_TAG("GraphWidget"));
     // With Alt held the toolkit turns a vertical wheel into a horizontal one.
     const QPoint turned = event->angleDelta();
     int steps = (turned.y() ? turned.y() : turned.x()) / 120;
@@ -314,6 +316,7 @@ void CRGraphWidget::wheelEvent(QWheelEvent *event) {
 void CRGraphWidget::enterEvent(QEvent *) {
     if (m_loading)
         return;
+    trace("CRGraphWidget::enterEvent: start", LOG_TAG("GraphWidget"));
     const QPointer<CRGraphWidget> self(this);
     const bool armed = IsArmed();
     if (!self)
@@ -331,6 +334,7 @@ void CRGraphWidget::leaveEvent(QEvent *) {
     m_bMouseOver = false;
     if (m_loading)
         return;
+    trace("CRGraphWidget::leaveEvent: start", LOG_TAG("GraphWidget"));
     if (m_module->IsCrossCursorMode() && !m_rangeSelecting)
         update();
 }
