@@ -82,6 +82,10 @@ struct PlaceCase {
     int area, layer; // of the outputs
 };
 
+void PrintTo(const PlaceCase &row, std::ostream *out) {
+    *out << "code " << row.code;
+}
+
 class IndicatorPlace : public testing::TestWithParam<PlaceCase> {};
 
 TEST_P(IndicatorPlace, FollowsTheCodeOfTheFirstOutput) {

@@ -166,17 +166,26 @@ TEST(IndicatorSweep, EachCallGarbled) {
     sweep(FakeHost::Garble, 0);
 }
 
+// The host's tool buttons are asked for with each step, and all alike.
+bool isToolButton(const Call &call) {
+    return call.message >= ToHost::ZoomInButton && call.message <= ToHost::InformationBoxButton;
+}
+
 void interrupted(const std::function<void(Play &)> &work) {
-    const int total = callsOfRun();
-    for (int n = 1; n <= total; ++n) {
+    bool reached = true;
+    for (int n = 1; reached; ++n) {
         SCOPED_TRACE(n);
         FakeHost host;
         host.setRecording(false);
         Play run(host);
         int seen = 0;
-        host.setInterruption([&](const Call &) {
+        reached = false;
+        host.setInterruption([&](const Call &call) {
+            if (isToolButton(call) || ++seen != n)
+                return;
+            reached = true;
             // No host does such work while a window paints.
-            if (++seen == n && run.shown() && !run.chart.widget->testAttribute(Qt::WA_WState_InPaintEvent))
+            if (run.shown() && !run.chart.widget->testAttribute(Qt::WA_WState_InPaintEvent))
                 work(run);
         });
         run.play();

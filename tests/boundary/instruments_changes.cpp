@@ -23,6 +23,10 @@ struct PanelCase {
     int length;
 };
 
+void PrintTo(const PanelCase &row, std::ostream *out) {
+    *out << "row " << row.item;
+}
+
 class TimeframePanel : public testing::TestWithParam<PanelCase> {};
 
 TEST_P(TimeframePanel, SendsThePeriodOfItsRow) {

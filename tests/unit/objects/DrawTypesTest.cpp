@@ -17,6 +17,10 @@ struct KindCase {
     int type;
 };
 
+void PrintTo(const KindCase &row, std::ostream *out) {
+    *out << "kind " << row.drawKind;
+}
+
 class InstrumentType : public testing::TestWithParam<KindCase> {};
 
 TEST_P(InstrumentType, FollowsTheDrawKind) {
@@ -42,6 +46,10 @@ struct StyleCase {
     int style;
     int type;
 };
+
+void PrintTo(const StyleCase &row, std::ostream *out) {
+    *out << "style " << row.style;
+}
 
 class OutputType : public testing::TestWithParam<StyleCase> {};
 

@@ -11,6 +11,11 @@ struct Row {
     bool sameLayer;
 };
 
+void PrintTo(const Row &row, std::ostream *out) {
+    *out << (row.what.hasBase ? "base" : "no base") << (row.what.hasSources ? ", sources" : "")
+         << (row.what.isCurrencySum ? ", sum" : "") << ", code " << row.what.code;
+}
+
 class Placement : public testing::TestWithParam<Row> {};
 
 TEST_P(Placement, IsThatOfTheTable) {

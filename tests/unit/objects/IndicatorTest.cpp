@@ -247,6 +247,10 @@ struct TitleCase {
     const char *text;
 };
 
+void PrintTo(const TitleCase &row, std::ostream *out) {
+    *out << row.value << " by " << row.step;
+}
+
 class TitleValue : public testing::TestWithParam<TitleCase> {};
 
 TEST_P(TitleValue, HasTheDecimalsOfTheStep) {

@@ -11,6 +11,10 @@ struct Row {
     int length;
 };
 
+void PrintTo(const Row &row, std::ostream *out) {
+    *out << "row " << row.row;
+}
+
 class PanelPeriod : public testing::TestWithParam<Row> {};
 
 TEST_P(PanelPeriod, SetsUnitAndLengthAndKeepsTheStart) {
