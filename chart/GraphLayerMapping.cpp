@@ -14,7 +14,7 @@ int columnOffset(int width, int relativePos, int screenPoints) {
         return 0;
     if (std::abs(relativePos) < (1 << 17) && width < (1 << 13))
         return width * relativePos / screenPoints;
-    return static_cast<int>(static_cast<long long>(width) * relativePos / screenPoints);
+    return toPixel(static_cast<double>(static_cast<long long>(width) * relativePos / screenPoints));
 }
 
 } // namespace

@@ -14,9 +14,8 @@ namespace {
 constexpr int overdraw = 500; // columns past the edge whose strokes may reach into the window
 
 void buildPens(CRPrimitive &primitive) {
-    const auto style = static_cast<Qt::PenStyle>(primitive.m_nPenStyle);
-    primitive.m_linePen = QPen(primitive.m_lineColor, primitive.m_nPenWidth, style);
-    primitive.m_risePen = QPen(primitive.m_riseColor, primitive.m_nPenWidth, style);
+    primitive.m_linePen = seriesPen(primitive, primitive.m_lineColor);
+    primitive.m_risePen = seriesPen(primitive, primitive.m_riseColor);
     primitive.m_bColumnPending = false;
 }
 
@@ -97,8 +96,8 @@ void CRGraphLayer::DrawLinks(PaintPass &pass) const {
 void CRGraphLayer::DrawLevels(PaintPass &pass, bool zero) const {
     for (const CRPrimitive *primitive : m_primitives) {
         const InkPen pen(primitive->IsSelected()
-                             ? QPen(QColor(selectionColor), primitive->m_nPenWidth + 2, Qt::SolidLine)
-                             : QPen(primitive->m_levelColor, primitive->m_nPenWidth, Qt::SolidLine));
+                             ? highlightPen(*primitive, 2)
+                             : QPen(primitive->m_levelColor, seriesPenWidth(*primitive), Qt::SolidLine));
         for (float level : primitive->m_levels)
             if (isZero(level) == zero)
                 pass.ink.Level(pen, m_rect.left(), m_rect.right(), CalcY(level));

@@ -1,10 +1,40 @@
 #include "chart/PrimitiveInk.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace {
 
 constexpr std::size_t mostLines = 4096;
+constexpr int farAway = 30000; // pixels; strokes and dashes beyond are work for nothing
+
+bool isFar(const QLine &line) {
+    return std::abs(line.x1()) > farAway || std::abs(line.y1()) > farAway || std::abs(line.x2()) > farAway ||
+           std::abs(line.y2()) > farAway;
+}
+
+// The part of a line within the far edges (Liang and Barsky); false when there is none.
+bool clipFar(QLine &line) {
+    const double dx = static_cast<double>(line.x2()) - line.x1();
+    const double dy = static_cast<double>(line.y2()) - line.y1();
+    const double steps[] = {-dx, dx, -dy, dy};
+    const double rooms[] = {line.x1() + double(farAway), double(farAway) - line.x1(), line.y1() + double(farAway),
+                            double(farAway) - line.y1()};
+    double from = 0, to = 1;
+    for (int side = 0; side < 4; ++side) {
+        if (steps[side] == 0 && rooms[side] < 0)
+            return false;
+        if (steps[side] < 0)
+            from = std::max(from, rooms[side] / steps[side]);
+        else if (steps[side] > 0)
+            to = std::min(to, rooms[side] / steps[side]);
+    }
+    if (from > to)
+        return false;
+    line = QLine(qRound(line.x1() + from * dx), qRound(line.y1() + from * dy), qRound(line.x1() + to * dx),
+                 qRound(line.y1() + to * dy));
+    return true;
+}
 
 } // namespace
 
@@ -42,7 +72,9 @@ void PrimitiveInk::Flush() {
     m_lines.clear();
 }
 
-void PrimitiveInk::Line(const InkPen &pen, const QLine &line) {
+void PrimitiveInk::Line(const InkPen &pen, QLine line) {
+    if (isFar(line) && !clipFar(line))
+        return;
     if (m_pending != &pen || m_lines.size() >= mostLines)
         Flush();
     m_pending = &pen;

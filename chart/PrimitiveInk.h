@@ -36,7 +36,7 @@ public:
     PrimitiveInk(const PrimitiveInk &) = delete;
     PrimitiveInk &operator=(const PrimitiveInk &) = delete;
 
-    void Line(const InkPen &pen, const QLine &line);
+    void Line(const InkPen &pen, QLine line);
     void Upright(const InkPen &pen, int x, int y1, int y2);
     void Level(const InkPen &pen, int x1, int x2, int y);
     void Dot(const InkPen &pen, int x, int y);

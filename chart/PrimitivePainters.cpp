@@ -6,6 +6,7 @@
 #include "chart/PrimitivePaintersLine.h"
 #include "chart/PrimitiveTypes.h"
 
+#include <algorithm>
 #include <climits>
 
 namespace {
@@ -32,6 +33,21 @@ constexpr int makerCount = sizeof makers / sizeof makers[0];
 
 } // namespace
 
+int seriesPenWidth(const CRPrimitive &primitive) {
+    constexpr int widest = 255;
+    return std::clamp(primitive.m_nPenWidth, 0, widest);
+}
+
+QPen seriesPen(const CRPrimitive &primitive, const QColor &color, int wider) {
+    const int style = primitive.m_nPenStyle;
+    const bool known = style >= Qt::NoPen && style <= Qt::DashDotDotLine;
+    return QPen(color, seriesPenWidth(primitive) + wider, known ? static_cast<Qt::PenStyle>(style) : Qt::SolidLine);
+}
+
+QPen highlightPen(const CRPrimitive &primitive, int wider) {
+    return QPen(QColor(selectionColor), seriesPenWidth(primitive) + wider, Qt::SolidLine);
+}
+
 std::unique_ptr<PrimitivePainter> PrimitivePainter::Create(PaintPass &pass, CRPrimitive &primitive) {
     if (primitive.m_type < 0 || primitive.m_type >= makerCount)
         return nullptr;
@@ -45,7 +61,7 @@ PrimitivePainter::PrimitivePainter(PaintPass &pass, CRPrimitive &primitive, int 
       m_line(primitive.IsSelected() ? selectedPen(primitive.m_linePen, pass.blinkPhase) : primitive.m_linePen),
       m_rise(primitive.IsSelected() ? selectedPen(primitive.m_risePen, pass.blinkPhase) : primitive.m_risePen),
       m_selected(primitive.IsSelected()), m_count(primitive.GetDataPointCount()),
-      m_reach(reach + primitive.m_nPenWidth + 1),
+      m_reach(reach + seriesPenWidth(primitive) + 1),
       m_lastColumn(pass.manualTest && !primitive.IsInstrumentType() ? pass.mapping.screenPoints - 1 : INT_MAX) {
     primitive.m_bColumnPending = false;
 }

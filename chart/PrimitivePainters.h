@@ -3,12 +3,19 @@
 #include "chart/GraphLayerMapping.h"
 #include "chart/PrimitiveInk.h"
 
+#include <QPen>
 #include <memory>
 
 class CRPrimitive;
 class PricePainter;
 
 constexpr QRgb selectionColor = 0xFFFFC78F;
+
+// A pen of a series in `color`, `wider` pixels wider than its own: whatever the host says, of a width and a
+// style that can be drawn.
+QPen seriesPen(const CRPrimitive &primitive, const QColor &color, int wider = 0);
+QPen highlightPen(const CRPrimitive &primitive, int wider); // solid
+int seriesPenWidth(const CRPrimitive &primitive);
 
 // One frame of a layer, as its series see it.
 struct PaintPass {

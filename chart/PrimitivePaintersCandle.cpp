@@ -8,8 +8,7 @@
 
 PricePainter::PricePainter(PaintPass &pass, CRPrimitive &primitive, int reach)
     : PrimitivePainter(pass, primitive, reach),
-      m_column(primitive.IsSelected() ? QPen(QColor(selectionColor), primitive.m_nPenWidth, Qt::SolidLine)
-                                      : primitive.m_linePen) {}
+      m_column(primitive.IsSelected() ? highlightPen(primitive, 0) : primitive.m_linePen) {}
 
 PricePainter::Rows PricePainter::RowsAt(int dataIndex) const {
     const double open = m_primitive.GetOpen(dataIndex);
@@ -127,7 +126,7 @@ int wideCandleEnd(const CRPrimitive &primitive, int position, int firstPos, int 
 }
 
 bool WideCandlePainter::IsBehind(int relativePos, int) const {
-    return m_pass.mapping.LeftX(relativePos, m_tickSeries) - m_primitive.m_nPenWidth > m_pass.mapping.rect.right();
+    return m_pass.mapping.LeftX(relativePos, m_tickSeries) - seriesPenWidth(m_primitive) > m_pass.mapping.rect.right();
 }
 
 void WideCandlePainter::Paint(int relativePos, int, int dataIndex) {
@@ -135,7 +134,7 @@ void WideCandlePainter::Paint(int relativePos, int, int dataIndex) {
                                   m_pass.timeCount, m_pass.freeSpace);
     const int left = m_pass.mapping.LeftX(relativePos, m_tickSeries);
     const int right = m_pass.mapping.LeftX(end, m_tickSeries);
-    if (right + m_primitive.m_nPenWidth < m_pass.mapping.rect.left())
+    if (right + seriesPenWidth(m_primitive) < m_pass.mapping.rect.left())
         return;
     const Rows rows = RowsAt(dataIndex);
     if (right <= left) {

@@ -16,7 +16,7 @@ double LinePainter::Value(int dataIndex) const {
 
 // A segment ends in its column: the first point behind the right edge still has one that shows.
 bool LinePainter::IsBehind(int, int) const {
-    return m_hasPrevious && m_previousX - m_primitive.m_nPenWidth > m_pass.mapping.rect.right();
+    return m_hasPrevious && m_previousX - seriesPenWidth(m_primitive) > m_pass.mapping.rect.right();
 }
 
 void LinePainter::Remember(int x, int y) {
@@ -96,7 +96,7 @@ HistogramPainter::HistogramPainter(PaintPass &pass, CRPrimitive &primitive)
 void HistogramPainter::Paint(int, int x, int dataIndex) {
     const int y = Y(roundFloat(m_primitive.FirstValue(dataIndex), m_precision));
     QLine line;
-    if (histogramLine(x, y, m_base, m_primitive.m_nPenWidth, line))
+    if (histogramLine(x, y, m_base, seriesPenWidth(m_primitive), line))
         m_pass.ink.Upright(m_line, x, line.y1(), line.y2());
 }
 
@@ -105,7 +105,7 @@ void HistogramPainter::Paint(int, int x, int dataIndex) {
 MarkPainter::MarkPainter(PaintPass &pass, CRPrimitive &primitive)
     : PrimitivePainter(pass, primitive, static_cast<int>(pass.mapping.candleStep) + 1),
       m_joined(areMarksJoined(primitive)),
-      m_highlight(QPen(QColor(selectionColor), primitive.m_nPenWidth + 2, Qt::SolidLine)) {}
+      m_highlight(highlightPen(primitive, 2)) {}
 
 void MarkPainter::DrawArrow(const InkPen &pen, const Arrow &arrow) {
     m_pass.ink.Line(pen, arrow.left);
@@ -120,8 +120,7 @@ void MarkPainter::Paint(int, int x, int dataIndex) {
         if (!m_selected) {
             m_pass.ink.Flush();
             m_pass.ink.Forget();
-            m_own = InkPen(QPen(QColor(mark.color), m_primitive.m_nPenWidth,
-                                static_cast<Qt::PenStyle>(m_primitive.m_nPenStyle)));
+            m_own = InkPen(seriesPen(m_primitive, QColor(mark.color)));
         }
         m_pass.ink.Upright(m_selected ? m_highlight : m_own, x, first, second);
     }

@@ -702,6 +702,44 @@ TEST(Painters, EndlessAndImpossibleValuesDoNoHarm) {
     }
 }
 
+struct PenCase {
+    int width, style, drawnWidth;
+    Qt::PenStyle drawnStyle;
+};
+
+class SeriesPen : public testing::TestWithParam<PenCase> {};
+
+TEST_P(SeriesPen, CanBeDrawnWhateverTheHostSays) {
+    CRPrimitive primitive(0, nullptr, 0);
+    primitive.m_nPenWidth = GetParam().width;
+    primitive.m_nPenStyle = GetParam().style;
+    const QPen pen = seriesPen(primitive, Qt::red, 2);
+    EXPECT_EQ(pen.width(), GetParam().drawnWidth + 2);
+    EXPECT_EQ(pen.style(), GetParam().drawnStyle);
+    EXPECT_EQ(highlightPen(primitive, 0).style(), Qt::SolidLine);
+}
+
+INSTANTIATE_TEST_SUITE_P(Painters, SeriesPen,
+                         testing::Values(PenCase{1, 1, 1, Qt::SolidLine}, PenCase{3, 5, 3, Qt::DashDotDotLine},
+                                         PenCase{1, 0, 1, Qt::NoPen}, PenCase{-4, 6, 0, Qt::SolidLine},
+                                         PenCase{2000000000, -1, 255, Qt::SolidLine},
+                                         PenCase{1, 99, 1, Qt::SolidLine}));
+
+// A frozen scale throws points far out; a wide dashed pen must neither hang nor lose its way.
+TEST(Painters, LineToFarValuesKeepsItsDirection) {
+    Series series(PT_LINE, {2, Qt::DotLine, false});
+    series.values({{0, 1.3f}, {1, 1.3f + 40000}, {2, 1.3f}, {3, 1.3f - 40000}, {4, 1.3f}});
+    series.place();
+    View view;
+    view.points = 10;
+    const LayerMapping map = view.mapping();
+    const QImage image = painted(view, {&series});
+    const int above = inkCount(image.copy(map.CenterX(0) - 3, plot.top(), 7, map.Y(1.3f) - plot.top()));
+    EXPECT_GT(above, 30); // straight up from the first point
+    EXPECT_EQ(inkCount(image.copy(map.CenterX(0) + 10, plot.top(), 30, plot.height())), 0);
+    EXPECT_GT(inkCount(image.copy(map.CenterX(2) - 3, plot.top(), 7, plot.height())), 60);
+}
+
 // ---- links ----
 
 struct LinkView : View {
