@@ -94,8 +94,16 @@ void CRGraphArea::DrawWatermark(QPainter &painter) {
     painter.restore();
 }
 
+/// The picture named after the pane's symbol: its own name, else that of its first instrument.
 void CRGraphArea::DrawSymbolImage(QPainter &painter) {
-    QPixmap image = LoadModulePixmap(m_symbolName.toLower() + QLatin1String(".png"));
+    QString name = m_symbolName;
+    for (const CRGraphLayer *layer : m_layers) {
+        for (const CRPrimitive *primitive : layer->m_primitives) {
+            if (name.isEmpty() && primitive->IsInstrumentType() && primitive->GetArray())
+                name = fieldText(primitive->GetArray()->identity.m_szNameSymbol);
+        }
+    }
+    QPixmap image = LoadModulePixmap(name.toLower() + QLatin1String(".png"));
     if (image.isNull())
         image = LoadModulePixmap("usd.png");
     painter.drawPixmap(m_rect.left() + (m_rect.width() - image.width()) / 2,

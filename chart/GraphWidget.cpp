@@ -119,7 +119,8 @@ void CRGraphWidget::LoadSkinData() {
     m_pTimeScale->m_nHeight = m_areaFont.pointSize() * 2 + 10;
     for (CRGraphArea *area : m_areas)
         area->m_properties = CRGraphArea::Properties(this);
-    RecomputeChartRect();
+    if (m_chartRect.isValid())
+        RecomputeChartRect();
     UpdateScaleWidth();
     m_pTimeScale->m_bAutoScroll = skin.m_autoScroll;
     m_pTimeScale->m_nAutoScrollPositions = 3;
@@ -192,7 +193,10 @@ QString CRGraphWidget::UpdateTitle() {
     static bool asked = false;
     if (!asked && m_module->HasHost()) {
         asked = true;
+        const QPointer<CRGraphWidget> asking(this);
         applicationCaption = HostCalls::applicationCaption();
+        if (!asking)
+            return applicationCaption;
     }
     QString caption = applicationCaption;
     std::vector<CRIndicator *> sorted = m_indicators;

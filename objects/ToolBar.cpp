@@ -16,6 +16,10 @@ constexpr int margin = 4;          // pixels beside a button's content
 constexpr int outDelay = 1500;     // milliseconds until a bar that was left hides
 constexpr int inDelay = 300;       // milliseconds until a hidden bar under the mouse shows
 
+int wantedWidth(const QWidget *widget) {
+    return qBound(widget->minimumWidth(), widget->sizeHint().width(), widget->maximumWidth());
+}
+
 } // namespace
 
 CToolButton::CToolButton(QWidget *parent) : QToolButton(parent) {
@@ -203,7 +207,7 @@ QSize CToolBar::sizeHint() const {
     int width = 0;
     int height = m_extendButton->sizeHint().height();
     for (const CChildWidget &child : m_children) {
-        width += child.widget->sizeHint().width() + gap;
+        width += wantedWidth(child.widget) + gap;
         height = qMax(height, child.widget->sizeHint().height());
     }
     return QSize(width, height);
@@ -220,7 +224,7 @@ void CToolBar::OnResize() {
     int x = 0;
     bool full = false;
     for (CChildWidget &child : m_children) {
-        const int width = child.widget->sizeHint().width();
+        const int width = wantedWidth(child.widget);
         full = full || (!allFit && x + width + gap + extendWidth > room);
         child.fits = !full;
         child.widget->setVisible(child.fits);
