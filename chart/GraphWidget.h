@@ -431,6 +431,7 @@ private:
     bool RunKeyCommand(KeyCommand command);
     bool DeleteIsRefused();
     void TakePropertyRows();
+    std::vector<int> RowsOutOfStep() const;
     void DrawPanes(QPainter &painter, bool lastOnly);
     int ScaleTextMeasure(CRPrimitive *primitive, double value, bool bold) const;
     double LargestValue(CRPrimitive *primitive);

@@ -12,6 +12,7 @@
 #include <QToolButton>
 #include <algorithm>
 #include <array>
+#include <vector>
 
 namespace {
 
@@ -199,6 +200,18 @@ void CRGraphWidget::TakePropertyRows() {
     }
 }
 
+/// The rows whose number the window did not take from the page: it was out of range.
+std::vector<int> CRGraphWidget::RowsOutOfStep() const {
+    std::vector<int> found;
+    const auto &rows = settingsRows();
+    for (int i = 0; i < rowCount; ++i) {
+        const SettingsRow &row = rows[static_cast<std::size_t>(i)];
+        if (row.number && GetPropertyItem(m_nGeneralGroup, m_items[i]).toInt() != this->*row.number)
+            found.push_back(i);
+    }
+    return found;
+}
+
 int CRGraphWidget::ApplyPropertyPage(PROPERTY_CHANGE *change) {
     // A page that closes brings no data; a page of another shape is none of ours.
     if (!change || !change->page || !hasShapeOf(*change->page, *GetPage()))
@@ -213,6 +226,7 @@ int CRGraphWidget::ApplyPropertyPage(PROPERTY_CHANGE *change) {
         area->ApplyPropertyPage(this);
     }
     const bool saveAsDefault = GetPropertyItem(m_nDefaultGroup, m_nSaveAsDefaultItem).toBool();
+    const std::vector<int> broughtBack = RowsOutOfStep();
     UpdatePropertyPage();
     RecomputeChartRect();
     UpdateScaleWidth();
@@ -221,6 +235,10 @@ int CRGraphWidget::ApplyPropertyPage(PROPERTY_CHANGE *change) {
     QToolButton *button = GetLastCandleIndicatorButton();
     if (alive && button)
         button->setChecked(m_bLastCandleIndicator);
+    for (int row : broughtBack) {
+        if (alive)
+            HostCalls::pageItemChanged(m_hComponent, GetPage(), getPropertyItem(m_nGeneralGroup, m_items[row]));
+    }
     if (alive && saveAsDefault)
         HostCalls::pageItemChanged(m_hComponent, GetPage(),
                                    getPropertyItem(m_nDefaultGroup, m_nSaveAsDefaultItem));
