@@ -26,6 +26,8 @@ protected:
     void *m_value = nullptr;
 };
 
+static_assert(sizeof(CPropertyParamItem) == 16, "CPropertyParamItem");
+
 class CPropertyParamInt : public CPropertyParamItem {
 public:
     CPropertyParamInt(PROPERTY *item, bool deep);

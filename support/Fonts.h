@@ -11,7 +11,7 @@ class CRGraphModule;
 namespace font {
 
 // A screen element, 0 to 21. The charts use `chartElement` throughout.
-enum elementCode : int { chartElement = 6, titleElement = 7, elementCount = 22 };
+enum elementCode : int { chartElement = 6, elementCount = 22 };
 
 struct Element {
     QString family;

@@ -3,6 +3,7 @@
 #include "tests/unit/dialogs/TestChart.h"
 
 #include <gtest/gtest.h>
+#include <type_traits>
 
 namespace {
 
@@ -40,6 +41,13 @@ TEST(ScreenDataPointsTest, WithBothModesTheViewOnlyNarrows) {
     EXPECT_EQ(screenAfter(50, 60), 70);
     module->m_gameMode = false;
 }
+
+// Whoever holds a rule calls the first and only virtual operation of either class.
+static_assert(std::is_polymorphic_v<ScreenDataPointsUpdate> &&
+              !std::has_virtual_destructor_v<ScreenDataPointsUpdate> && sizeof(ScreenDataPointsUpdate) == 4);
+static_assert(std::is_polymorphic_v<ScreenDataPointsNotUpdate> &&
+              !std::has_virtual_destructor_v<ScreenDataPointsNotUpdate> &&
+              sizeof(ScreenDataPointsNotUpdate) == 4);
 
 TEST(ScreenDataPointsTest, TheOtherRuleDoesNothing) {
     TestChart chart;
