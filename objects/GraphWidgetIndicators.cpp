@@ -197,8 +197,10 @@ void CRGraphWidget::ReBuildIndicator(coreRebuildDpa *record) {
         for (CRPrimitive *primitive : indicator->m_primitives) {
             mvDataPointArray *array = arrayNamed(lineName(primitive));
             primitive->m_bVisible = array != nullptr;
-            if (!array)
+            if (!array) {
+                primitive->CRMDataLine::operator=(CRMDataLine()); // the host may free the old array from now on
                 continue;
+            }
             primitive->CRMDataLine::Create(array);
             if (shownLayer(primitive) && (!lowest || primitive->m_nIndex < lowest->m_nIndex))
                 lowest = primitive;

@@ -33,8 +33,10 @@ CRGraphLayer *shownLayer(const CRPrimitive *primitive) {
 }
 
 QString lineName(const CRPrimitive *primitive) {
-    const mvDataPointArray *array = primitive ? primitive->GetArray() : nullptr;
-    return array ? fieldText(array->identity.m_szNameSymbol) : QString();
+    if (!primitive)
+        return QString();
+    const mvDataPointArray *array = primitive->GetArray();
+    return array ? fieldText(array->identity.m_szNameSymbol) : primitive->ExName(0);
 }
 
 void bindLine(CRPrimitive *primitive, void *handle, mvDataPointArray *array) {
@@ -161,7 +163,7 @@ CRPrimitive *CRIndicator::RestorePrimitive(const unsigned short *name) {
 
 CRPrimitive *CRIndicator::FindByName(const QString &name) const {
     for (CRPrimitive *primitive : m_primitives)
-        if (primitive->GetArray() && lineName(primitive) == name)
+        if (lineName(primitive) == name)
             return primitive;
     return nullptr;
 }

@@ -65,7 +65,7 @@ private:
     QString TitleValueText(const CRPrimitive *primitive) const;
 };
 
-// The name of the line in the host's array; empty without an array.
+// The name of the line in the host's array; the last known one when the array is gone.
 QString lineName(const CRPrimitive *primitive);
 
 // Gives a series its array and the name of the line. The host is not asked for display names.

@@ -56,11 +56,11 @@ struct UpdatedChart {
         return names;
     }
 
+    std::vector<std::unique_ptr<FakeArray>> dropped;
     FakeHost host;
     Chart chart;
     FakeObject *instrument;
     FakeObject *indicator;
-    std::vector<std::unique_ptr<FakeArray>> dropped;
 };
 
 TEST(DataUpdate, OfEachKnownKindAsksForLinksAndLevels) {
@@ -188,8 +188,16 @@ TEST(Rebuild, OfAHiddenObjectHidesWhatIsGone) {
     on.rebuild({"A"});
     const ChartView view = viewOf(on.chart);
     EXPECT_TRUE(view.line("A")->visible);
-    ASSERT_TRUE(view.line("B")); // kept for undo
-    EXPECT_FALSE(view.line("B")->visible);
+    ASSERT_EQ(view.series.size(), 4u); // kept for undo, without the array that is gone
+    EXPECT_EQ(view.series[2].line, "");
+    EXPECT_FALSE(view.series[2].visible);
+    on.dropped.clear();
+    on.host.tick();
+    on.host.grab(on.chart);
+    on.rebuild({"A", "B"});
+    ASSERT_TRUE(viewOf(on.chart).line("B"));
+    EXPECT_TRUE(viewOf(on.chart).line("B")->visible);
+    EXPECT_EQ(on.lines(), QStringList({"A", "B"})); // of a visible object the other is dropped for good
 }
 
 TEST(Rebuild, OfAStrangeObjectChangesNothing) {
