@@ -87,7 +87,6 @@ PageEditor makeIntEditor(const PageItem &item, QWidget *parent, const std::funct
     // A range that holds nothing means that the owner set no limits.
     box->setRange(least < most ? least : std::numeric_limits<int>::min(),
                   least < most ? most : std::numeric_limits<int>::max());
-    box->setKeyboardTracking(false);
     box->setValue(item.value.toInt());
     box->setReadOnly(item.readOnly);
     QObject::connect(box, QOverload<int>::of(&QSpinBox::valueChanged), parent, [changed](int) { changed(); });
@@ -103,7 +102,6 @@ PageEditor makeDoubleEditor(const PageItem &item, QWidget *parent, const std::fu
     const bool limited = item.minimum < item.maximum;
     box->setRange(limited ? item.minimum : -1e11, limited ? item.maximum : 1e11);
     box->setSingleStep(item.step > 0 ? item.step : 1.0);
-    box->setKeyboardTracking(false);
     box->setValue(item.value.toDouble());
     box->setReadOnly(item.readOnly);
     QObject::connect(box, QOverload<double>::of(&QDoubleSpinBox::valueChanged), parent,
