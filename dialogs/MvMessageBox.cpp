@@ -2,41 +2,51 @@
 #include "support/FontMetrics.h"
 
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QRegExp>
 #include <algorithm>
 
+namespace {
+
+// The box lies on the heap: it goes with its parent when that is deleted in the box's own event loop.
+int run(QMessageBox *box) {
+    const QPointer<QMessageBox> guard(box);
+    CMvMessageBox::ResizeWidgets(*box);
+    const int answer = box->exec();
+    delete guard.data();
+    return answer;
+}
+
+} // namespace
+
 int CMvMessageBox::ShowMessage(QMessageBox::Icon icon, QWidget *parent, const QString &title,
                                const QString &text, Buttons buttons, Button defaultButton) {
-    QMessageBox box(icon, title, text, buttons, parent);
-    box.setDefaultButton(defaultButton);
-    ResizeWidgets(box);
-    return box.exec();
+    auto *box = new QMessageBox(icon, title, text, buttons, parent);
+    box->setDefaultButton(defaultButton);
+    return run(box);
 }
 
 // Buttons by their old numbers, each with the marks of the default and the escape button.
 int CMvMessageBox::ShowMessage(QMessageBox::Icon icon, QWidget *parent, const QString &title,
                                const QString &text, int button0, int button1, int button2) {
-    QMessageBox box(title, text, icon, button0, button1, button2, parent);
-    ResizeWidgets(box);
-    return box.exec();
+    return run(new QMessageBox(title, text, icon, button0, button1, button2, parent));
 }
 
 int CMvMessageBox::ShowMessage(QMessageBox::Icon icon, QWidget *parent, const QString &title,
                                const QString &text, const QStringList &buttonTexts, int defaultButton,
                                int escapeButton) {
-    QMessageBox box(icon, title, text, QMessageBox::NoButton, parent);
+    auto *box = new QMessageBox(icon, title, text, QMessageBox::NoButton, parent);
     for (int i = 0; i < buttonTexts.size(); ++i) {
         if (buttonTexts[i].isEmpty())
             continue;
-        QPushButton *button = box.addButton(buttonTexts[i], QMessageBox::ActionRole);
+        QPushButton *button = box->addButton(buttonTexts[i], QMessageBox::ActionRole);
         if (i == defaultButton)
-            box.setDefaultButton(button);
+            box->setDefaultButton(button);
         if (i == escapeButton)
-            box.setEscapeButton(button);
+            box->setEscapeButton(button);
     }
-    ResizeWidgets(box);
-    return box.exec();
+    return run(box);
 }
 
 void CMvMessageBox::ResizeWidgets(QMessageBox &box) {

