@@ -16,7 +16,7 @@ class CRIndicator;
 class CRLineStudy;
 
 // How a series is drawn.
-enum PRIMITIVE_TYPES {
+enum PRIMITIVE_TYPES : int {
     PT_LINE = 0,
     PT_CLOSE_DOTS = 1,
     PT_HISTOGRAM = 2,

@@ -83,13 +83,13 @@ int FakeHost::answerWindow(unsigned message, int wParam, int lParam, bool *known
         return 0;
     }
     case ToHost::IsPageKnown:
-        if (pages.count(fromWord<PROPERTY_PAGE>(wParam)->pageId))
+        if (pages.count(Word(fromWord<PROPERTY_PAGE>(wParam)->pageId)))
             bytes::put<Word>(fromWord<void>(lParam), 0, 1);
         return 0;
     case ToHost::ShowNewPage:
     case ToHost::ShowKnownPage: {
         auto *page = fromWord<PROPERTY_PAGE>(wParam);
-        pages[page->pageId] = page;
+        pages[Word(page->pageId)] = page;
         for (Word g = 0; g < page->groupCount; ++g) {
             for (Word i = 0; i < page->groups[g].count; ++i) {
                 PROPERTY *item = page->groups[g].items[i];
@@ -103,7 +103,7 @@ int FakeHost::answerWindow(unsigned message, int wParam, int lParam, bool *known
         return 0;
     }
     case ToHost::ClosePage:
-        pages.erase(fromWord<PROPERTY_PAGE>(wParam)->pageId);
+        pages.erase(Word(fromWord<PROPERTY_PAGE>(wParam)->pageId));
         return 0;
     default:
         *known = false;
