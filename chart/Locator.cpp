@@ -3,11 +3,10 @@
 #include "chart/GraphArea.h"
 #include "chart/GraphLayer.h"
 #include "chart/GraphWidget.h"
-#include "chart/Primitive.h"
+#include "chart/LocatorText.h"
 #include "chart/TimeScale.h"
 #include "chart/TimeText.h"
 #include "support/FontMetrics.h"
-#include "support/Numbers.h"
 
 #include <QColor>
 #include <QPainter>
@@ -21,51 +20,6 @@ mwiLocatorMessageItem locatorItem(const QString &text, QRgb color, int fontSize)
     item.color = color;
     item.fontSize = static_cast<Word>(fontSize);
     return item;
-}
-
-// The fields of a point that the locator names: the field that gives the name, and that of the value.
-struct NamedField {
-    int name;
-    int value;
-};
-
-std::vector<NamedField> namedFields(PRIMITIVE_TYPES type) {
-    switch (type) {
-    case PT_CANDLE:
-    case PT_BAR:
-    case PT_WIDE_CANDLE:
-        return {{1, 1}, {2, 2}, {3, 3}, {4, 4}};
-    case PT_CLOSE_DOTS:
-    case PT_CLOSE_LINE:
-        return {{4, 4}};
-    case PT_LINE:
-    case PT_HISTOGRAM:
-    case PT_TICK_LINE:
-    case PT_DOTS:
-        return {{1, 1}};
-    case PT_MARKS:
-        return {{0, 1}, {1, 2}}; // labelled one field lower than the others
-    default:
-        return {};
-    }
-}
-
-QString primitiveText(const CRPrimitive &primitive, int dataIndex) {
-    QString text = primitive.m_name;
-    const mvDataPointArray *array = primitive.GetArray();
-    if (!array || !array->fields)
-        return text;
-    const int decimals = decimalsOf(primitive.m_fPoint);
-    const char *separator = ":\n ";
-    for (const NamedField &field : namedFields(primitive.m_type)) {
-        if (field.name >= array->fieldCount || field.value >= array->fieldCount)
-            break;
-        const double value = primitive.ValueByName(fieldText(array->fields[field.value].name), dataIndex);
-        text += QLatin1String(separator) + fieldText(array->fields[field.name].name) + QLatin1Char('=') +
-                QString::asprintf("%0.*f", decimals, value);
-        separator = "\n ";
-    }
-    return text;
 }
 
 // One read-out as a line of text; `x` moves on by its width.
@@ -127,7 +81,7 @@ void CRGraphArea::FormLocatorMessage(std::vector<mwiLocatorMessageItem> *items, 
             if (index < 0 || index >= primitive->GetDataPointCount() || !primitive->GetDataPoint(index))
                 continue;
             items->push_back(
-                locatorItem(primitiveText(*primitive, index), primitive->m_lineColor.rgb(), fontSize));
+                locatorItem(locatorText(*primitive, index), primitive->m_lineColor.rgb(), fontSize));
         }
         layer->m_toolTip.clear();
     }
