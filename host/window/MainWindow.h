@@ -21,6 +21,7 @@ class ActionPanel;
 class CalculatedObject;
 class ChartDeck;
 class ChartPane;
+class DealingHistoryService;
 class DealingService;
 class EventService;
 class Host;
@@ -43,6 +44,7 @@ struct WindowServices {
     TextService *texts = nullptr;
     PropertyService *properties = nullptr;
     DealingService *dealing = nullptr;
+    DealingHistoryService *reports = nullptr;
     QuoteBook *quotes = nullptr;
 };
 
@@ -131,6 +133,7 @@ private:
     void refreshSymbols();
     void showQuotes();
     void raisePanel(int panel);
+    void openReport();
     void showAbout();
     void askForQuoteFile();
     void askForPicture();

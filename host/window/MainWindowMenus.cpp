@@ -1,8 +1,10 @@
 // Docks, tool bars and menus of the main window, and their texts.
+#include "host/core/CalculatedObject.h"
 #include "host/core/DealingService.h"
 #include "host/core/Host.h"
 #include "host/core/TextService.h"
 #include "host/core/WindowService.h"
+#include "host/dealing/DealingHistoryService.h"
 #include "host/pages/PropertyDock.h"
 #include "host/quotes/QuoteBook.h"
 #include "host/window/ChartDeck.h"
@@ -204,9 +206,7 @@ void MainWindow::makeMenus() {
     QMenu *modes = menu(QT_TR_NOOP("&Mode"));
     QAction *game = addAction(modes, "modeGame", QT_TR_NOOP("&Game mode"));
     QAction *competition = addAction(modes, "modeCompetition", QT_TR_NOOP("&Competition mode"));
-    modes->addSeparator();
-    QAction *dayOff = addAction(modes, "modeDayOff", QT_TR_NOOP("&Day off of USD/CHF"));
-    for (QAction *entry : {game, competition, dayOff})
+    for (QAction *entry : {game, competition})
         entry->setCheckable(true);
     connect(game, &QAction::triggered, this, [this, competition](bool on) {
         competition->setChecked(false);
@@ -216,6 +216,12 @@ void MainWindow::makeMenus() {
         game->setChecked(false);
         setMode("Velmar Competition Mode", EventCode::CompetitionModeOn, EventCode::CompetitionModeOff, on);
     });
+
+    QMenu *account = menu(QT_TR_NOOP("&Account"));
+    QAction *report = addAction(account, "accountReport", QT_TR_NOOP("&Report of deals"));
+    QAction *dayOff = addAction(account, "accountDayOff", QT_TR_NOOP("&Day off of USD/CHF"));
+    dayOff->setCheckable(true);
+    connect(report, &QAction::triggered, this, &MainWindow::openReport);
     connect(dayOff, &QAction::triggered, this, [this](bool on) { m_services.dealing->setDayOff("USD/CHF", on); });
 
     m_languageMenu = menu(QT_TR_NOOP("&Language"));
@@ -251,6 +257,21 @@ void MainWindow::retranslate() {
     m_cross->setToolTip(tr("Cross cursor"));
 }
 
+// A chart of its own for the deals on the active chart's symbol; it goes again when the user asks for none.
+void MainWindow::openReport() {
+    const CalculatedObject *instrument = activeInstrument();
+    m_services.reports->setSymbol(instrument ? readText(instrument->identity().m_szNameSymbol, 255) : QString());
+    ChartPane *pane = newChart();
+    if (!pane)
+        return;
+    const Handle window = pane->window();
+    // The chart asks for the time frame in a dialog, in which it may be closed.
+    const bool opened = m_services.reports->openReport(window);
+    if (!opened && m_deck->find(window))
+        m_deck->closeChart(m_deck->find(window));
+    scheduleChartState();
+}
+
 void MainWindow::showAbout() {
     const QByteArray record = m_host.moduleInfo();
     const auto &info = *reinterpret_cast<const MODULE_INFO *>(record.constData());
@@ -282,7 +303,7 @@ void MainWindow::openQuoteFile(const QString &fileName) {
         return;
     const SymbolHistory *history = m_services.quotes->history(report.symbol);
     if (history)
-        openChart(report.symbol, Side::Bid, history->finest().value_or(activePeriod()));
+        openChart(report.symbol, Side::Bid, report.period);
 }
 
 void MainWindow::askForPicture() {

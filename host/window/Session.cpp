@@ -12,6 +12,7 @@
 #include "host/core/TextService.h"
 #include "host/core/Trace.h"
 #include "host/core/WindowService.h"
+#include "host/dealing/DealingHistoryService.h"
 #include "host/indicators/IndicatorService.h"
 #include "host/pages/PropertyDock.h"
 #include "host/pages/PropertyService.h"
@@ -131,8 +132,10 @@ QString Session::readQuotes() {
         const ImportReport report = m_book->importFile(file);
         if (report.refused)
             m_refusals << report.summary;
-        else if (!m_importedSymbols.contains(report.symbol))
+        else if (!m_importedSymbols.contains(report.symbol)) {
             m_importedSymbols << report.symbol;
+            m_periods.insert(report.symbol, report.period);
+        }
     }
     if (!m_options.quoteFiles.empty() && m_importedSymbols.isEmpty() && m_options.symbol.isEmpty() &&
         m_options.feed.isEmpty() && m_options.replay.isEmpty())
@@ -158,6 +161,7 @@ QString Session::openSources() {
         const QString refusal = m_replay->open(file);
         if (!refusal.isEmpty())
             return refusal;
+        m_periods.insert(m_replay->symbol(), m_replay->period());
     }
     if (m_options.quoteFiles.empty() && !m_feed && !m_replay) {
         m_market = std::make_unique<Market>(*m_book);
@@ -184,8 +188,9 @@ void Session::makeServices() {
     m_properties->takeWindow(m_windows->interfaceHandle());
     m_candles = &m_host->addService<CandleService>(*m_book);
     m_host->addService<IndicatorService>(*m_candles, *m_book);
+    DealingHistoryService &reports = m_host->addService<DealingHistoryService>(*m_book);
     subscriptions.windowGone = [this](Handle window) { m_properties->windowGone(window); };
-    m_window->setServices({m_windows, m_events, m_texts, m_properties, m_dealing, m_book.get()});
+    m_window->setServices({m_windows, m_events, m_texts, m_properties, m_dealing, &reports, m_book.get()});
 }
 
 QString Session::openCharts() {
@@ -240,12 +245,9 @@ void Session::openArrived() {
 }
 
 void Session::openChart(const QString &symbol) {
-    const SymbolHistory *history = m_book->history(symbol);
-    Period period{'I', 5};
+    Period period = m_periods.value(symbol, Period{'I', 5});
     if (m_options.period)
         period = *m_options.period;
-    else if (history && (!m_options.quoteFiles.empty() || m_replay))
-        period = history->finest().value_or(period);
     m_window->openChart(symbol, m_options.side, period);
 }
 

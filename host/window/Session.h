@@ -4,6 +4,7 @@
 #include "host/quotes/QuoteBook.h"
 #include "host/window/MainWindow.h"
 #include "host/window/Options.h"
+#include <QHash>
 #include <QObject>
 #include <functional>
 #include <memory>
@@ -64,6 +65,7 @@ private:
     bool m_started = false;
     bool m_showsArrivals = false; // charts open as a feed brings their symbols
     QStringList m_importedSymbols;
+    QHash<QString, Period> m_periods; // at which a symbol's chart opens: that of its file
     QStringList m_refusals; // of quote files
     std::unique_ptr<Journal> m_journal;
     std::unique_ptr<QuoteBook> m_book;
