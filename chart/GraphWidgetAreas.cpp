@@ -113,19 +113,22 @@ void CRGraphWidget::DeleteUnusedLayers() {
         area->DeleteUnusedLayers();
 }
 
-/// Removes every series that stands on the layer, hidden ones too.
+/// Removes the series that stand on the layer. Hidden ones wait for their host's next rebuild, without it.
 void CRGraphWidget::DeleteLayerPrimitives(CRGraphLayer *layer) {
     std::vector<CRPrimitive *> doomed;
-    for (const CRIndicator *indicator : m_indicators) {
-        for (CRPrimitive *primitive : indicator->m_primitives) {
-            if (primitive->m_pLayer == layer)
-                doomed.push_back(primitive);
-        }
-    }
+    GetLayerPrimitives(layer, &doomed);
     const QPointer<CRGraphWidget> alive(this);
     for (CRPrimitive *primitive : doomed) {
         if (alive && FindWidgetPrimitive(primitive))
             RemovePrimitive(primitive);
+    }
+    if (!alive)
+        return;
+    for (const CRIndicator *indicator : m_indicators) {
+        for (CRPrimitive *primitive : indicator->m_primitives) {
+            if (primitive->m_pLayer == layer)
+                primitive->m_pLayer = nullptr;
+        }
     }
 }
 

@@ -34,6 +34,10 @@ struct GraphWidget : testing::Test {
         widget->RecomputeChartRect();
     }
 
+    FakeArray &make() {
+        arrays.push_back(std::make_unique<FakeArray>());
+        return *arrays.back();
+    }
     CRPrimitive *add(FakeArray &array, CRGraphLayer *layer = nullptr, PRIMITIVE_TYPES type = PT_CANDLE) {
         auto *indicator = new CRIndicator(widget.get(), &array);
         widget->m_indicators.push_back(indicator);
@@ -65,6 +69,7 @@ struct GraphWidget : testing::Test {
     }
 
     UnitHost host;
+    std::vector<std::unique_ptr<FakeArray>> arrays; // a host keeps them as long as a window shows them
     std::unique_ptr<CRGraphWidget> widget;
 };
 
@@ -183,7 +188,7 @@ TEST_F(GraphWidget, PaneAsksForItsEndLater) {
 }
 
 TEST_F(GraphWidget, SeriesAsksForItsEndLater) {
-    FakeArray array;
+    FakeArray &array = make();
     array.setCandles(makeBars(50, start, hour));
     name(array);
     CRPrimitive *primitive = add(array);
@@ -234,7 +239,7 @@ TEST_F(GraphWidget, UnusedLayersGoButTheLast) {
     CRGraphArea *area = widget->GetArea(0);
     widget->CreateLayer(0);
     widget->CreateLayer(0);
-    FakeArray array;
+    FakeArray &array = make();
     array.setCandles(makeBars(50, start, hour));
     name(array);
     add(array, area->m_layers[1]);
@@ -247,6 +252,26 @@ TEST_F(GraphWidget, UnusedLayersGoButTheLast) {
     area->DeleteGraphLayer(0, false);
     EXPECT_TRUE(area->m_layers.empty());
     EXPECT_TRUE(widget->m_indicators.empty());
+}
+
+TEST_F(GraphWidget, HiddenSeriesOutlivesItsLayer) {
+    CRGraphArea *area = widget->GetArea(0);
+    widget->CreateLayer(0);
+    FakeArray &shown = make();
+    FakeArray &hidden = make();
+    for (FakeArray *array : {&shown, &hidden}) {
+        array->setCandles(makeBars(5, start, hour));
+        name(*array);
+    }
+    add(shown, area->m_layers[0]);
+    CRPrimitive *waiting = add(hidden, area->m_layers[1]);
+    waiting->m_bVisible = 0;
+    area->DeleteUnusedLayers();
+    EXPECT_EQ(area->m_layers.size(), 1u);
+    EXPECT_TRUE(widget->FindWidgetPrimitive(waiting));
+    EXPECT_EQ(waiting->m_pLayer, nullptr);
+    EXPECT_EQ(widget->GetPrimitiveArea(waiting), nullptr);
+    paint();
 }
 
 TEST_F(GraphWidget, LastEmptyLayerGetsItsSelfTuningBack) {
@@ -263,7 +288,11 @@ TEST_F(GraphWidget, OnlyEmptyLayerIsTakenWithoutAsking) {
 }
 
 TEST_F(GraphWidget, BaseSeriesIsTheFinest) {
-    FakeArray day, half, hourly, ranked, tick;
+    FakeArray &day = make();
+    FakeArray &half = make();
+    FakeArray &hourly = make();
+    FakeArray &ranked = make();
+    FakeArray &tick = make();
     const std::pair<FakeArray *, namePeriod> arrays[] = {{&day, makePeriod('D', 1)},
                                                          {&tick, makePeriod('I', 0)},
                                                          {&hourly, makePeriod('I', 60)},
@@ -319,7 +348,7 @@ TEST_F(GraphWidget, PaneOfALoadingWindowHasNoLayer) {
 }
 
 TEST_F(GraphWidget, EndOfALoadRestoresTheView) {
-    FakeArray array;
+    FakeArray &array = make();
     array.setCandles(makeBars(300, start, hour));
     name(array);
     add(array);
@@ -339,7 +368,8 @@ TEST_F(GraphWidget, EndOfALoadRestoresTheView) {
 // ---- positions ----
 
 TEST_F(GraphWidget, EverySeriesIsMappedToTheAxis) {
-    FakeArray hourly, halves;
+    FakeArray &hourly = make();
+    FakeArray &halves = make();
     hourly.setCandles(makeBars(10, start, hour));
     halves.setCandles(makeBars(20, start, hour / 2));
     name(hourly);
@@ -363,7 +393,8 @@ TEST_F(GraphWidget, EverySeriesIsMappedToTheAxis) {
 }
 
 TEST_F(GraphWidget, HiddenSeriesTakesNoPlaceOnTheAxis) {
-    FakeArray shown, hidden;
+    FakeArray &shown = make();
+    FakeArray &hidden = make();
     shown.setCandles(makeBars(10, start, hour));
     hidden.setCandles(makeBars(30, start, hour));
     name(shown);
@@ -381,7 +412,7 @@ TEST_F(GraphWidget, HiddenSeriesTakesNoPlaceOnTheAxis) {
 }
 
 TEST_F(GraphWidget, UnknownPeriodStepsByADay) {
-    FakeArray array;
+    FakeArray &array = make();
     array.setCandles(makeBars(10, start, hour));
     name(array, 'Q', 3);
     add(array);
@@ -391,7 +422,7 @@ TEST_F(GraphWidget, UnknownPeriodStepsByADay) {
 }
 
 TEST_F(GraphWidget, MonthsGoToTheirFirstDays) {
-    FakeArray array;
+    FakeArray &array = make();
     array.setCandles(makeBars(1, start + 30 * 86400, hour)); // 31 January 2014
     name(array, 'M', 1);
     add(array);
@@ -408,7 +439,7 @@ TEST_F(GraphWidget, WindowWithoutSeriesKeepsItsFlag) {
 }
 
 TEST_F(GraphWidget, MemoryOfABarIsSmall) {
-    FakeArray array;
+    FakeArray &array = make();
     array.setCandles(makeBars(200000, start, 60));
     name(array, 'I', 1);
     CRPrimitive *primitive = add(array);
@@ -426,7 +457,7 @@ int measure(const QFont &font, const QString &text) {
 }
 
 TEST_F(GraphWidget, ScalesFitTheWidestText) {
-    FakeArray array;
+    FakeArray &array = make();
     std::vector<Bar> bars = makeBars(100, start, hour);
     bars[3].high = 12345.5f; // far from the visible part
     array.setCandles(bars);
@@ -448,7 +479,7 @@ TEST_F(GraphWidget, ScalesFitTheWidestText) {
 }
 
 TEST_F(GraphWidget, LastPriceWidensTheScale) {
-    FakeArray array;
+    FakeArray &array = make();
     std::vector<Bar> bars = makeBars(100, start, hour);
     bars[0].open = 1234567.0f; // wider than any high
     array.setCandles(bars);
@@ -474,7 +505,7 @@ TEST_F(GraphWidget, WindowWithoutSeriesHasNoScales) {
 }
 
 TEST_F(GraphWidget, ScaleWidthMeasuresOneTextASeries) {
-    FakeArray array;
+    FakeArray &array = make();
     array.setCandles(makeBars(5000, start, hour));
     name(array);
     add(array)->SyncInternalData();
@@ -488,7 +519,7 @@ TEST_F(GraphWidget, ScaleWidthMeasuresOneTextASeries) {
 // ---- frames ----
 
 TEST_F(GraphWidget, UnforcedFrameIsPaintedOnceARebuild) {
-    FakeArray array;
+    FakeArray &array = make();
     array.setCandles(makeBars(100, start, hour));
     name(array);
     add(array)->SyncInternalData();
@@ -548,7 +579,7 @@ TEST_F(GraphWidget, ScrollBarRowHasItsStrip) {
 }
 
 TEST_F(GraphWidget, RubberBandInvertsTwoColumns) {
-    FakeArray array;
+    FakeArray &array = make();
     array.setCandles(makeBars(100, start, hour));
     name(array);
     add(array)->SyncInternalData();
