@@ -32,7 +32,8 @@ Indicator::Indicator(IndicatorService &maker, const FormulaKind &kind)
 // The look that the formula suggests; only the user changes it afterwards.
 void Indicator::dress(mvDataPointArray &array, const LineSpec &spec) {
     coreTypeShow &show = array.typeShow;
-    show.firstColor = show.secondColor = spec.colour;
+    show.firstColor = spec.downColour != 0 ? spec.downColour : spec.colour;
+    show.secondColor = spec.colour;
     show.drawKind = spec.style == LineStyle::Marks  ? DrawMarks
                     : spec.style == LineStyle::Dots ? DrawDotsOnValues
                                                     : DrawByStyle;

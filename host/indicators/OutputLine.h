@@ -13,6 +13,7 @@ struct LineSpec {
     QString name;
     LineStyle style = LineStyle::Line;
     quint32 colour = 0xff3060c0;
+    quint32 downColour = 0; // of marks below; 0: the same
     int weight = 1;
     int penType = 1;    // a Qt::PenStyle
     int shift = 0;      // bars to the right

@@ -71,7 +71,7 @@ public:
     std::vector<LineSpec> lines() const override {
         std::vector<LineSpec> lines(5);
         const char *const names[] = {"Tenkan-sen", "Kijun-sen", "Senkou span A", "Senkou span B", "Chikou span"};
-        const quint32 colours[] = {0xffc03030, 0xff3050b0, 0xff50a060, 0xffc08050, 0xff808080};
+        const quint32 colours[] = {0xffc03030, 0xff3050b0, 0xffb5dcbd, 0xfff0cdb2, 0xff808080};
         for (size_t i = 0; i < lines.size(); ++i) {
             lines[i].name = QStringLiteral("Ichimoku ") + QLatin1String(names[i]);
             lines[i].colour = colours[i];
@@ -180,7 +180,7 @@ public:
         const char *const names[] = {"Upper", "Middle", "Lower"};
         for (size_t i = 0; i < lines.size(); ++i) {
             lines[i].name = QStringLiteral("Bollinger %1 (%2)").arg(QLatin1String(names[i]), arguments());
-            lines[i].colour = i == 1 ? 0xff909090 : 0xff4f9fb8;
+            lines[i].colour = i == 1 ? 0xff4f8fa8 : 0xff9cc6d4; // pale: the area between them is filled
         }
         lines[1].present = switchOf(m_middle);
         return lines;
@@ -253,14 +253,17 @@ private:
     int m_length, m_middle;
 };
 
-// A bar whose high stands above the two on each side, or its low below them.
+// A bar whose high stands above the two before it and is not reached by the two behind it, or whose low does so
+// downwards. Of equal bars in a row the first one counts.
 class Fractals : public Formula {
 public:
     std::vector<LineSpec> lines() const override {
         LineSpec line;
         line.name = QStringLiteral("Fractals");
         line.style = LineStyle::Marks;
-        line.colour = 0xff3f7f3f;
+        line.colour = topColour;
+        line.downColour = bottomColour;
+        line.weight = 2;
         return {line};
     }
     void reset() override {}
@@ -271,18 +274,20 @@ public:
             bool top = true;
             bool bottom = true;
             for (int away = 1; away <= wing; ++away) {
-                top = top && source.high(i) > source.high(i - away) && source.high(i) > source.high(i + away);
-                bottom = bottom && source.low(i) < source.low(i - away) && source.low(i) < source.low(i + away);
+                top = top && source.high(i) > source.high(i - away) && source.high(i) >= source.high(i + away);
+                bottom = bottom && source.low(i) < source.low(i - away) && source.low(i) <= source.low(i + away);
             }
             if (top || bottom)
                 lines[0]->addMark(i, float(source.high(i)), float(source.low(i)),
                                   static_cast<unsigned char>((top ? 1 : 0) + (bottom ? 2 : 0)),
-                                  top ? 0xff2e9e5b : 0xffd0453f);
+                                  top ? topColour : bottomColour);
         }
     }
 
 private:
     static constexpr int wing = 2;
+    static constexpr quint32 topColour = 0xff2f7f4f;
+    static constexpr quint32 bottomColour = 0xffb0403f;
 };
 
 } // namespace

@@ -123,6 +123,10 @@ bool Run::isKnown() {
     }
     m_report.unchanged = true;
     m_report.symbol = known->symbol;
+    for (const StoredSeries &series : m_store.series(known->symbol)) {
+        if (series.file == known->id && !series.derived)
+            m_report.period = series.period;
+    }
     m_report.form = known->form;
     m_report.points = known->points;
     m_report.leftOut = known->leftOut;
@@ -241,6 +245,7 @@ void Run::start() {
     if (!reason.isEmpty())
         return refuse(reason);
     m_report.symbol = m_form.symbol;
+    m_report.period = m_form.period;
     m_report.form = QStringLiteral("%1: %2.").arg(m_info.fileName(), m_form.describe());
     m_source.path = m_info.canonicalFilePath();
     m_source.symbol = m_form.symbol;

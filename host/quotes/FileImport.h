@@ -15,6 +15,7 @@ struct ImportReport {
     bool refused = false;
     bool unchanged = false; // it was read before and has not changed since
     QString symbol;
+    Period period;       // of its bars; ticks: "I" 0
     QString form;        // what was found out about it, in one line
     QString summary;     // one sentence: how it ended
     QStringList reasons; // the first left-out lines: "FILE:LINE: reason"

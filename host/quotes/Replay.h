@@ -26,6 +26,8 @@ public:
     // behind the file's first quote is hidden from here on.
     QString open(const QuoteFile &file);
     const QString &symbol() const { return m_form.symbol; }
+    // At which a chart follows it well: its bars' own, a minute for ticks.
+    Period period() const { return m_form.ticks ? Period{'I', 1} : m_form.period; }
     void start(double speed);
     // Plays what this many milliseconds of the file's time bring; false at the end of the file.
     bool advance(qint64 ms);

@@ -340,10 +340,10 @@ TEST_F(IndicatorValues, Fractals) {
     const std::vector<corePointMark> held = points<corePointMark>(arrays(fractals)[0]);
     size_t place = 0;
     for (size_t i = 2; i + 2 < bars.size(); ++i) {
-        const auto above = [&](size_t k) { return bars[i].high > bars[k].high; };
-        const auto below = [&](size_t k) { return bars[i].low < bars[k].low; };
-        const bool top = above(i - 2) && above(i - 1) && above(i + 1) && above(i + 2);
-        const bool bottom = below(i - 2) && below(i - 1) && below(i + 1) && below(i + 2);
+        const float high = bars[i].high;
+        const float low = bars[i].low;
+        const bool top = bars[i - 2].high < high && bars[i - 1].high < high && bars[i + 1].high <= high && bars[i + 2].high <= high;
+        const bool bottom = bars[i - 2].low > low && bars[i - 1].low > low && bars[i + 1].low >= low && bars[i + 2].low >= low;
         if (!top && !bottom)
             continue;
         ASSERT_LT(place, held.size());
