@@ -17,6 +17,7 @@ namespace desk {
 namespace {
 
 constexpr int headerHeight = 28;
+constexpr int captionRoom = 230; // pixels of a header that a tool bar leaves to the caption and the buttons
 
 QToolButton *headerButton(QWidget *parent, const QString &icon, const QString &name) {
     auto *button = new QToolButton(parent);
@@ -93,6 +94,7 @@ bool ChartPane::create() {
     // The chart's tool bar stretches over its parent, which therefore takes the size that the bar wants.
     if (const auto *bar = m_strip->findChild<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
         m_strip->setFixedSize(qMax(1, bar->sizeHint().width()), headerHeight - 2);
+    showToolBar();
     resizeChart();
     return true;
 }
@@ -117,7 +119,7 @@ void ChartPane::takeFocus() {
 
 void ChartPane::setActive(bool active) {
     m_active = active;
-    m_strip->setVisible(active);
+    showToolBar();
     setProperty("active", active);
     m_header->setProperty("active", active);
     repolish(this);
@@ -138,6 +140,16 @@ QString ChartPane::shortCaption() const {
 void ChartPane::showCaption() {
     m_title->setText(shortCaption());
     m_title->setToolTip(shortCaption());
+}
+
+// The active chart's tool bar, where it leaves room for the caption.
+void ChartPane::showToolBar() {
+    m_strip->setVisible(m_active && width() - m_strip->width() > captionRoom);
+}
+
+void ChartPane::resizeEvent(QResizeEvent *event) {
+    QFrame::resizeEvent(event);
+    showToolBar();
 }
 
 void ChartPane::resizeChart() {

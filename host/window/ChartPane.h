@@ -39,9 +39,11 @@ protected:
     bool eventFilter(QObject *object, QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void resizeChart();
+    void showToolBar();
     void retranslate();
     void showCaption();
 
