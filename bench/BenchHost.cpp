@@ -192,6 +192,7 @@ int BenchHost::answer(void *, unsigned message, int wParam, int lParam) {
 
 BenchHost::Chart::~Chart() {
     instance().send(5004, toWord(window), 0);
+    instance().m_series.clear(); // one chart at a time
 }
 
 std::unique_ptr<BenchHost::Chart> BenchHost::makeChart(const std::vector<corePointCandle> &bars, int visible) {
