@@ -50,7 +50,8 @@ void CRGraphWidget::OnDeleteIndByType() {
     std::vector<QPointer<CRPrimitive>> doomed;
     for (const QPointer<CRPrimitive> &primitive :
          std::vector<QPointer<CRPrimitive>>(inScope.begin(), inScope.end())) {
-        const QString name = primitive && primitive->m_pIndicator ? primitive->m_pIndicator->GetName() : QString();
+        const QString name =
+            primitive && primitive->m_pIndicator ? primitive->m_pIndicator->GetName() : QString();
         if (primitive && std::find(chosen.types.begin(), chosen.types.end(), name) != chosen.types.end())
             doomed.push_back(primitive);
     }

@@ -52,8 +52,8 @@ CRGraphLayer *storedPlace(CRGraphWidget &window, const CRPrimitive *base, Indica
 } // namespace
 
 // Rebuilds an indicator from stored data. `mask` chooses outputs by bit, 0 takes all.
-void *CRGraphWidget::CreateIndicator(void *iface, const unsigned short *name, const CRPrimitive *base, long mask,
-                                     coreSzNode *node, void *handle, bool cleanLayers) {
+void *CRGraphWidget::CreateIndicator(void *iface, const unsigned short *name, const CRPrimitive *base,
+                                     long mask, coreSzNode *node, void *handle, bool cleanLayers) {
     QPointer<CRGraphWidget> guard(this);
     const bool hasBase = base != nullptr;
     QPointer<CRPrimitive> source(const_cast<CRPrimitive *>(base));
@@ -109,8 +109,9 @@ void *CRGraphWidget::CreateIndicator(void *iface, const unsigned short *name, co
     return handle;
 }
 
-void *CRGraphWidget::CreateIndicatorPasteFromUndo(void *iface, const unsigned short *name, const CRPrimitive *base,
-                                                  long mask, coreSzNode *node, void *handle, bool cleanLayers) {
+void *CRGraphWidget::CreateIndicatorPasteFromUndo(void *iface, const unsigned short *name,
+                                                  const CRPrimitive *base, long mask, coreSzNode *node,
+                                                  void *handle, bool cleanLayers) {
     return CreateIndicator(iface, name, base, mask, node, handle, cleanLayers);
 }
 
@@ -169,9 +170,10 @@ void CRGraphWidget::ReBuildIndicator(coreRebuildDpa *record) {
     // The lines on the chart that the object has no more.
     QPointer<CRGraphArea> area;
     QPointer<CRGraphLayer> layer;
-    const auto shown = std::find_if(m_indicators.begin(), m_indicators.end(), [handle](const CRIndicator *entry) {
-        return entry->GetHandle() == handle && !entry->IsInvisible();
-    });
+    const auto shown =
+        std::find_if(m_indicators.begin(), m_indicators.end(), [handle](const CRIndicator *entry) {
+            return entry->GetHandle() == handle && !entry->IsInvisible();
+        });
     if (shown != m_indicators.end()) {
         CRIndicator *visible = *shown;
         for (CRPrimitive *primitive : std::vector<CRPrimitive *>(visible->m_primitives)) {
@@ -198,7 +200,8 @@ void CRGraphWidget::ReBuildIndicator(coreRebuildDpa *record) {
             mvDataPointArray *array = arrayNamed(lineName(primitive));
             primitive->m_bVisible = array != nullptr;
             if (!array) {
-                primitive->CRMDataLine::operator=(CRMDataLine()); // the host may free the old array from now on
+                primitive->CRMDataLine::operator=(
+                    CRMDataLine()); // the host may free the old array from now on
                 continue;
             }
             primitive->CRMDataLine::Create(array);
@@ -261,7 +264,8 @@ bool CRGraphWidget::AddRebuiltLines(CRIndicator *indicator, CRGraphLayer *layer,
         } else {
             // Lines are numbered as the object lists them.
             const auto place = std::find(current.begin(), current.end(), array);
-            const auto line = place == current.end() ? static_cast<std::ptrdiff_t>(i) : place - current.begin();
+            const auto line =
+                place == current.end() ? static_cast<std::ptrdiff_t>(i) : place - current.begin();
             primitive = indicator->AddPrimitive(target, 0, static_cast<int>(line), outputDrawType(*array));
             if (!primitive)
                 continue;
@@ -286,7 +290,8 @@ void CRGraphWidget::RenameIndicator(void *record) {
     std::vector<QPointer<CRPrimitive>> primitives;
     for (const CRIndicator *indicator : m_indicators)
         if (indicator->GetHandle() == handle)
-            primitives.insert(primitives.end(), indicator->m_primitives.begin(), indicator->m_primitives.end());
+            primitives.insert(primitives.end(), indicator->m_primitives.begin(),
+                              indicator->m_primitives.end());
     for (const QPointer<CRPrimitive> &primitive : primitives) {
         if (primitive)
             primitive->RequestExNames();

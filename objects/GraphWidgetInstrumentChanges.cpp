@@ -115,7 +115,8 @@ void CRGraphWidget::OnPaneleStatusChanged(int kind, int item) {
     PrimitiveList list;
     GetCurrentInstrumentList(&list);
     if (kind == 0) {
-        forEachArray(list, [item](const mvDataPointArray &array) { HostCalls::reloadArray(array.owner, item); });
+        forEachArray(list,
+                     [item](const mvDataPointArray &array) { HostCalls::reloadArray(array.owner, item); });
     } else if (kind == 1) {
         forEachArray(list, [item](const mvDataPointArray &array) {
             sendPeriod(array, [item](namePeriod *period) { setPanelPeriod(item, period); });

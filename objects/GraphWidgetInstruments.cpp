@@ -29,7 +29,7 @@ QString addLine(const char *what) {
 bool holdsCandles(const CRGraphWidget &window) {
     for (const CRIndicator *indicator : window.m_indicators)
         for (const CRPrimitive *primitive : indicator->m_primitives)
-            if (primitive->m_type == PT_CANDLE && shownLayer(primitive))
+            if (primitive->m_type == PT_CANDLE && primitive->m_bVisible && shownLayer(primitive))
                 return true;
     return false;
 }
@@ -72,7 +72,8 @@ CRGraphLayer *layerOfEmptyArea(CRGraphArea *area) {
 
 // The layer of an instrument that is on the chart already, or a further one that the user asks for in
 // its pane. `found` says whether there is such an instrument.
-CRGraphLayer *layerBesideSame(CRGraphWidget &window, const QString &symbol, const QString &title, bool *found) {
+CRGraphLayer *layerBesideSame(CRGraphWidget &window, const QString &symbol, const QString &title,
+                              bool *found) {
     *found = false;
     for (const CRIndicator *indicator : window.m_indicators) {
         const CRPrimitive *primitive = indicator->FindByName(symbol);
@@ -134,8 +135,8 @@ CRGraphLayer *instrumentLayer(CRGraphWidget &window, const QString &symbol, cons
 
 } // namespace
 
-void *CRGraphWidget::AddPrimaryPrimitive(unsigned short *symbol, char *dataType, namePeriod period, char *provider,
-                                         int p5, void *handle) {
+void *CRGraphWidget::AddPrimaryPrimitive(unsigned short *symbol, char *dataType, namePeriod period,
+                                         char *provider, int p5, void *handle) {
     QPointer<CRGraphWidget> guard(this);
     void *iface = m_module->GetInterfaceByName("CANDLE", provider, nullptr);
     if (!iface || !guard)
@@ -180,7 +181,8 @@ void *CRGraphWidget::AddPrimaryPrimitive(unsigned short *symbol, char *dataType,
     update();
     m_nSelectedArea = -1;
     UndoMilestone(QStringLiteral("Add primary primitive"));
-    trace(QStringLiteral("Indicator ") + name + QStringLiteral(" created successfully"), LOG_TAG("GraphWidget"));
+    trace(QStringLiteral("Indicator ") + name + QStringLiteral(" created successfully"),
+          LOG_TAG("GraphWidget"));
     return created;
 }
 

@@ -65,8 +65,8 @@ CRIndicator::CRIndicator(CRGraphWidget *widget, void *handle)
     : m_widget(widget), m_handle(handle), m_isInstrument(HostCalls::nearestSource(handle) == nullptr) {}
 
 CRIndicator::CRIndicator(const CRIndicator &other)
-    : m_widget(other.m_widget), m_handle(other.m_handle), m_updateKind(other.m_updateKind), m_links(other.m_links),
-      m_isInstrument(other.m_isInstrument), m_sourceIndex(other.m_sourceIndex) {
+    : m_widget(other.m_widget), m_handle(other.m_handle), m_updateKind(other.m_updateKind),
+      m_links(other.m_links), m_isInstrument(other.m_isInstrument), m_sourceIndex(other.m_sourceIndex) {
     for (const CRPrimitive *primitive : other.m_primitives)
         Append(new CRPrimitive(*primitive), static_cast<int>(m_primitives.size()), primitive->m_pLayer);
 }
@@ -81,7 +81,8 @@ CRIndicator::~CRIndicator() {
 }
 
 CRPrimitive *CRIndicator::operator[](int index) const {
-    return index < 0 || index >= GetPrimitiveCount() ? nullptr : m_primitives[static_cast<std::size_t>(index)];
+    return index < 0 || index >= GetPrimitiveCount() ? nullptr
+                                                     : m_primitives[static_cast<std::size_t>(index)];
 }
 
 void CRIndicator::Append(CRPrimitive *primitive, int index, CRGraphLayer *layer) {
@@ -249,7 +250,8 @@ void CRIndicator::Reset() {
 bool InstrFirst::operator()(const CRIndicator *a, const CRIndicator *b) const {
     if (a->m_primitives.empty() || b->m_primitives.empty())
         return !a->m_primitives.empty() && b->m_primitives.empty();
-    return isInstrumentType(a->m_primitives.front()->m_type) && !isInstrumentType(b->m_primitives.front()->m_type);
+    return isInstrumentType(a->m_primitives.front()->m_type) &&
+           !isInstrumentType(b->m_primitives.front()->m_type);
 }
 
 bool OnePrimitiveOnArea::Check(const CRPrimitive *primitive) {

@@ -54,7 +54,9 @@ void CRIndicator::RequestLinks() {
 
 // Joins only lines that are shown on this layer.
 void CRIndicator::GetPrimitiveLinks(const CRGraphLayer *layer, std::vector<CPrimitiveLink> *out) const {
-    const auto here = [layer](const CRPrimitive *primitive) { return primitive && primitive->m_pLayer == layer; };
+    const auto here = [layer](const CRPrimitive *primitive) {
+        return primitive && primitive->m_pLayer == layer;
+    };
     if (std::count_if(m_primitives.begin(), m_primitives.end(), here) < 2)
         return;
     for (const coreIndicatorLinks &link : m_links) {

@@ -32,8 +32,8 @@ int placementCode(const std::vector<mvDataPointArray *> &outputs) {
 
 CRPrimitive *addOutput(CRIndicator &indicator, CRGraphLayer *layer, int lineIndex, mvDataPointArray *array,
                        bool askNames) {
-    QPointer<CRPrimitive> primitive(
-        indicator.AddPrimitive(layer, indicator.m_widget->TotalPrimitiveCount(), lineIndex, outputDrawType(*array)));
+    QPointer<CRPrimitive> primitive(indicator.AddPrimitive(layer, indicator.m_widget->TotalPrimitiveCount(),
+                                                           lineIndex, outputDrawType(*array)));
     if (!primitive)
         return nullptr;
     bindLine(primitive, indicator.GetHandle(), array);

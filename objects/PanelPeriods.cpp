@@ -15,8 +15,8 @@ struct PanelRow {
 };
 
 constexpr PanelRow rows[panelPeriodCount] = {
-    {'I', 1, "1 ", "G0199"},       {'I', 5, "5 ", "G0200"},         {'I', 10, "10 ", "G0200"},
-    {'I', 60, nullptr, "M0254"},   {'I', 180, nullptr, "M0255"},    {'D', 1, nullptr, "C0014Day"},
+    {'I', 1, "1 ", "G0199"},         {'I', 5, "5 ", "G0200"},        {'I', 10, "10 ", "G0200"},
+    {'I', 60, nullptr, "M0254"},     {'I', 180, nullptr, "M0255"},   {'D', 1, nullptr, "C0014Day"},
     {'M', 1, nullptr, "C0027Month"}, {'Y', 1, nullptr, "C0045Year"}, {'I', 0, nullptr, nullptr},
 };
 

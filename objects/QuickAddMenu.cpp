@@ -1,9 +1,9 @@
 // The menu under the add button, and its tool bar variant.
 #include "chart/GraphWidget.h"
 
-#include "objects/ToolBar.h"
 #include "module/GraphModule.h"
 #include "module/HostCalls.h"
+#include "objects/ToolBar.h"
 
 #include <QMenu>
 #include <QPointer>
@@ -26,7 +26,7 @@ struct QuickPeriod {
 
 // The units above hours come with length 0: the host stores 1.
 constexpr QuickPeriod quickPeriods[] = {
-    {"M0254", {'I', 60, 0}},    {"M0255", {'I', 180, 0}},   {"C0014Day", {'D', 0, 0}},
+    {"M0254", {'I', 60, 0}},     {"M0255", {'I', 180, 0}},   {"C0014Day", {'D', 0, 0}},
     {"C0027Month", {'M', 0, 0}}, {"C0045Year", {'Y', 0, 0}},
 };
 
@@ -85,7 +85,8 @@ void CRGraphWidget::OnBnClickedAddGraphMenu() {
     menu->addSeparator();
     for (const QuickIndicator &indicator : quickIndicators)
         addEntry(m_module->tr(indicator.textId, 0), indicator.data)->setEnabled(m_nPrimitiveCount > 0);
-    addEntry(m_module->tr("M0037", 0) + QLatin1String("..."), allIndicators)->setEnabled(m_nPrimitiveCount > 0);
+    addEntry(m_module->tr("M0037", 0) + QLatin1String("..."), allIndicators)
+        ->setEnabled(m_nPrimitiveCount > 0);
     menu->popup(m_pAddGraphButton ? m_pAddGraphButton->mapToGlobal(QPoint(0, m_pAddGraphButton->height()))
                                   : QCursor::pos());
 }

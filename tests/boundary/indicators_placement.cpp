@@ -31,11 +31,21 @@ TEST(IndicatorAdding, SendsItsMessagesInOrder) {
     numbers.erase(std::remove_if(numbers.begin(), numbers.end(),
                                  [](unsigned number) { return number >= 3500 && number < 4000; }),
                   numbers.end());
-    const std::vector<unsigned> expected = {
-        ToHost::IndicatorNeedsSource, ToHost::CreateObject,    ToHost::Subscribe,    ToHost::SourceCount,
-        ToHost::HandOverSources,      ToHost::ConfirmObject,   ToHost::OutputCount,  ToHost::OutputArrays,
-        ToHost::FullPath,             ToHost::Milestone,       ToHost::DisplayNames, ToHost::DisplayNames,
-        ToHost::HorizontalLevels,     ToHost::LinkCount,       ToHost::Milestone};
+    const std::vector<unsigned> expected = {ToHost::IndicatorNeedsSource,
+                                            ToHost::CreateObject,
+                                            ToHost::Subscribe,
+                                            ToHost::SourceCount,
+                                            ToHost::HandOverSources,
+                                            ToHost::ConfirmObject,
+                                            ToHost::OutputCount,
+                                            ToHost::OutputArrays,
+                                            ToHost::FullPath,
+                                            ToHost::Milestone,
+                                            ToHost::DisplayNames,
+                                            ToHost::DisplayNames,
+                                            ToHost::HorizontalLevels,
+                                            ToHost::LinkCount,
+                                            ToHost::Milestone};
     ASSERT_GE(numbers.size(), expected.size());
     numbers.resize(expected.size());
     EXPECT_EQ(numbers, expected);
@@ -77,7 +87,7 @@ TEST(IndicatorAdding, HandsOverItsSourceAheadOfEmptyPlaces) {
 
 struct PlaceCase {
     int code;
-    int panes;      // afterwards
+    int panes;       // afterwards
     QString offered; // by the layer dialog, empty: it was not opened
     int area, layer; // of the outputs
 };
@@ -373,7 +383,8 @@ TEST(SourcePicker, ForgetsASeriesThatIsGone) {
     open.picker()->findChild<QComboBox *>()->setCurrentIndex(1);
     coreRebuildDpa record{fromWord<void>(open.host.objects().back()->handle), 0, 0, nullptr};
     open.host.answer(ToHost::OutputCount, [](void *, int, int) { return 1; });
-    open.host.send(ToModule::RebuildOutputs, open.chart.handle, &record); // drops the second instrument's line
+    open.host.send(ToModule::RebuildOutputs, open.chart.handle,
+                   &record); // drops the second instrument's line
     ASSERT_EQ(viewOf(open.chart).series.size(), 1u);
     QMetaObject::invokeMethod(open.chart.widget, "OnSelectPrimitive");
     EXPECT_FALSE(viewOf(open.chart).line("Out"));

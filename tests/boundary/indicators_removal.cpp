@@ -159,8 +159,8 @@ TEST(Report, AsksForATimeFrameAndShowsItsSymbols) {
     });
     host.clearTraffic();
     EXPECT_EQ(request.open(host, chart), 0);
-    EXPECT_EQ(items, QStringList({"1 minute", "5 minutes", "10 minutes", "1 hour", "3 hours", "Day", "Month", "Year",
-                                  "Tick"}));
+    EXPECT_EQ(items, QStringList({"1 minute", "5 minutes", "10 minutes", "1 hour", "3 hours", "Day", "Month",
+                                  "Year", "Tick"}));
     EXPECT_EQ(preset, 3);
     const Call made = host.callsOf(ToHost::CreateObject).front();
     EXPECT_EQ(bytes::u32(made.wRecord.constData(), 0), host.interfaceOf("MvDealingHistory"));

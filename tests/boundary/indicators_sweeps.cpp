@@ -53,7 +53,8 @@ struct Play {
         for (int place : kept)
             if (place < static_cast<int>(object->outputs.size()))
                 headers.push_back(object->array(place).header());
-        coreRebuildDpa record{fromWord<void>(object->handle), 0, static_cast<int>(headers.size()), headers.data()};
+        coreRebuildDpa record{fromWord<void>(object->handle), 0, static_cast<int>(headers.size()),
+                              headers.data()};
         host.answer(ToHost::OutputCount, [this, object, headers](void *target, int wParam, int lParam) {
             if (static_cast<Word>(wParam) != object->handle)
                 return host.defaultAnswer(target, ToHost::OutputCount, wParam, lParam);

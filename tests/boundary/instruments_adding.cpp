@@ -3,8 +3,9 @@
 
 namespace {
 
-const QString tickRefusal = "It is not possible to add instrument with tick timeframe on chart that has instuments "
-                            "with other timeframes and vice versa";
+const QString tickRefusal =
+    "It is not possible to add instrument with tick timeframe on chart that has instuments "
+    "with other timeframes and vice versa";
 
 TEST(InstrumentAdding, SendsItsMessagesInOrder) {
     FakeHost host;
@@ -16,10 +17,10 @@ TEST(InstrumentAdding, SendsItsMessagesInOrder) {
     const auto subscribed = std::find(numbers.begin(), numbers.end(), unsigned(ToHost::Subscribe));
     ASSERT_NE(subscribed, numbers.end());
     numbers.erase(subscribed + 1, numbers.end());
-    EXPECT_EQ(numbers, std::vector<unsigned>({ToHost::InterfaceNames, ToHost::FindInterface,
-                                              ToHost::SymbolDisplayName, ToHost::Milestone, ToHost::CreateObject,
-                                              ToHost::FullPath, ToHost::OutputArrays, ToHost::DisplayNames,
-                                              ToHost::Subscribe}));
+    EXPECT_EQ(numbers,
+              std::vector<unsigned>({ToHost::InterfaceNames, ToHost::FindInterface, ToHost::SymbolDisplayName,
+                                     ToHost::Milestone, ToHost::CreateObject, ToHost::FullPath,
+                                     ToHost::OutputArrays, ToHost::DisplayNames, ToHost::Subscribe}));
     EXPECT_EQ(host.milestones.count("Add primary primitive"), 2);
 }
 
@@ -274,7 +275,8 @@ TEST(InstrumentAdding, ShowsTheLastCandles) {
     host.addInstrument(chart, "EURUSD");
     EXPECT_EQ(chart.handle->m_nPrimitiveCount, 1);
     EXPECT_GT(chart.handle->m_nUpdateCount, 0);
-    EXPECT_TRUE(host.caption(chart).startsWith("Terminal, EUR/USD 1 Hour Bid (")) << qPrintable(host.caption(chart));
+    EXPECT_TRUE(host.caption(chart).startsWith("Terminal, EUR/USD 1 Hour Bid ("))
+        << qPrintable(host.caption(chart));
 }
 
 TEST(InstrumentAdding, SurvivesTheWindowsEndInItsDialogs) {

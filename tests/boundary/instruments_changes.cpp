@@ -51,7 +51,8 @@ INSTANTIATE_TEST_SUITE_P(Rows, TimeframePanel,
                          testing::Values(PanelCase{0, 'I', 1}, PanelCase{1, 'I', 5}, PanelCase{2, 'I', 10},
                                          PanelCase{3, 'I', 60}, PanelCase{4, 'I', 180}, PanelCase{5, 'D', 1},
                                          PanelCase{6, 'M', 1}, PanelCase{7, 'Y', 1}, PanelCase{8, 'I', 0},
-                                         PanelCase{9, 'W', 2}, PanelCase{1000, 'W', 2}, PanelCase{-1, 'W', 2}));
+                                         PanelCase{9, 'W', 2}, PanelCase{1000, 'W', 2},
+                                         PanelCase{-1, 'W', 2}));
 
 TEST(TimeframePanel, OfKindZeroAsksAgain) {
     FakeHost host;
@@ -231,7 +232,8 @@ TEST(BaseData, OfAnInstrumentOnTheChartSelectsIt) {
     const Chart chart = host.createChart();
     FakeObject *object = host.addInstrument(chart, "EURUSD");
     host.clearTraffic();
-    QMetaObject::invokeMethod(chart.widget, "OnShowBaseData", Q_ARG(QAction *, baseAction(chart.frame, object->handle)));
+    QMetaObject::invokeMethod(chart.widget, "OnShowBaseData",
+                              Q_ARG(QAction *, baseAction(chart.frame, object->handle)));
     EXPECT_TRUE(viewOf(chart).series[0].selected);
     EXPECT_EQ(viewOf(chart).layers.size(), 1u);
     EXPECT_EQ(host.count(ToHost::OutputArrays), 0);
@@ -244,7 +246,8 @@ TEST(BaseData, OfAnotherObjectShowsItInAPaneOfItsOwn) {
     const Chart chart = host.createChart();
     host.addInstrument(chart, "GBPUSD");
     host.clearTraffic();
-    QMetaObject::invokeMethod(chart.widget, "OnShowBaseData", Q_ARG(QAction *, baseAction(chart.frame, object->handle)));
+    QMetaObject::invokeMethod(chart.widget, "OnShowBaseData",
+                              Q_ARG(QAction *, baseAction(chart.frame, object->handle)));
     EXPECT_EQ(host.count(ToHost::CreateObject), 0);
     const ChartView view = viewOf(chart);
     ASSERT_TRUE(view.line("EURUSD"));
@@ -288,8 +291,8 @@ TEST(QuickAdd, ShowsFourSymbolsAndFourIndicators) {
         texts += action->isSeparator() ? QString("-") : action->text();
         states += action->data().toString() + (action->isEnabled() ? "" : "!");
     }
-    EXPECT_EQ(texts, QStringList({"USD/CHF", "EUR/USD", "GBP/USD", "USD/JPY", "Instruments...", "-", "Moving Average",
-                                  "MACD", "Ichimoku", "Bollinger", "Indicators..."}));
+    EXPECT_EQ(texts, QStringList({"USD/CHF", "EUR/USD", "GBP/USD", "USD/JPY", "Instruments...", "-",
+                                  "Moving Average", "MACD", "Ichimoku", "Bollinger", "Indicators..."}));
     EXPECT_EQ(states, QStringList({"CHF", "EUR", "GBP", "JPY", "4", "", "5!", "8!", "10!", "11!", "12!"}));
     QStringList periods, rows;
     for (const QAction *action : menu->actions()[1]->menu()->actions()) {

@@ -78,7 +78,8 @@ TEST(IndicatorMenu, OpensThePickerOverSeveralSeries) {
     const Chart chart = host.createChart();
     host.addInstrument(chart, "EURUSD");
     host.addInstrument(chart, "GBPUSD");
-    EXPECT_EQ(chart.handle->CreateIndicatorFromMenu("MACD", fromWord<void>(host.interfaceOf("MVINDICATORS"))), nullptr);
+    EXPECT_EQ(chart.handle->CreateIndicatorFromMenu("MACD", fromWord<void>(host.interfaceOf("MVINDICATORS"))),
+              nullptr);
     EXPECT_TRUE(chart.handle->SourcePicker());
 }
 
@@ -93,7 +94,8 @@ TEST(BaseDataMenu, ListsEachBaseOnce) {
     EXPECT_FALSE(chart.handle->GetBaseData(&none));
     host.addIndicatorKind(indicatorKind("IND", 3));
     host.addIndicator(chart, "IND");
-    chart.handle->AddSecondaryPrimitive(QString("MACD").utf16(), fromWord<void>(host.interfaceOf("MVINDICATORS")),
+    chart.handle->AddSecondaryPrimitive(QString("MACD").utf16(),
+                                        fromWord<void>(host.interfaceOf("MVINDICATORS")),
                                         chart.handle->GetAnyPrimitive(), nullptr);
     QMenu menu;
     EXPECT_TRUE(chart.handle->GetBaseData(&menu));
@@ -129,10 +131,9 @@ struct StoredChart {
     }
     void *create(const char *name, bool withBase = true, long mask = 0, void *handle = nullptr,
                  coreSzNode *node = nullptr) {
-        return chart.handle->CreateIndicator(fromWord<void>(host.interfaceOf("MVINDICATORS")),
-                                             QString(name).utf16(),
-                                             withBase ? chart.handle->GetAnyPrimitive() : nullptr, mask, node, handle,
-                                             true);
+        return chart.handle->CreateIndicator(
+            fromWord<void>(host.interfaceOf("MVINDICATORS")), QString(name).utf16(),
+            withBase ? chart.handle->GetAnyPrimitive() : nullptr, mask, node, handle, true);
     }
     LinkedHost host;
     Chart chart;
@@ -143,9 +144,10 @@ TEST(StoredIndicator, SendsItsMessagesInOrder) {
     ASSERT_TRUE(on.create("SAME"));
     std::vector<unsigned> numbers = traffic(on.host);
     numbers.resize(9);
-    EXPECT_EQ(numbers, std::vector<unsigned>({ToHost::CreateObject, ToHost::SourceCount, ToHost::HandOverSources,
-                                              ToHost::OutputCount, ToHost::OutputArrays, ToHost::FullPath,
-                                              ToHost::HorizontalLevels, ToHost::Subscribe, ToHost::LinkCount}));
+    EXPECT_EQ(numbers,
+              std::vector<unsigned>({ToHost::CreateObject, ToHost::SourceCount, ToHost::HandOverSources,
+                                     ToHost::OutputCount, ToHost::OutputArrays, ToHost::FullPath,
+                                     ToHost::HorizontalLevels, ToHost::Subscribe, ToHost::LinkCount}));
     EXPECT_EQ(on.host.milestones.last(), "Add indicator");
     EXPECT_EQ(on.host.count(ToHost::ConfirmObject), 0);
 }
@@ -155,7 +157,8 @@ TEST(StoredIndicator, IsPlacedWithoutADialog) {
         const char *name;
         int panes, layers, area, layer;
     };
-    for (const Case &expected : {Case{"IND", 2, 1, 1, 0}, Case{"SAME", 1, 1, 0, 0}, Case{"LAYER", 1, 2, 0, 1}}) {
+    for (const Case &expected :
+         {Case{"IND", 2, 1, 1, 0}, Case{"SAME", 1, 1, 0, 0}, Case{"LAYER", 1, 2, 0, 1}}) {
         StoredChart on;
         ASSERT_TRUE(on.create(expected.name));
         const ChartView view = viewOf(on.chart);
@@ -186,7 +189,8 @@ TEST(StoredIndicator, TakesTheOutputsOfItsMask) {
     EXPECT_EQ(view.series[2].line, "C");
     EXPECT_EQ(view.series[2].area, view.series[1].area);
     EXPECT_EQ(view.series[2].layer, view.series[1].layer);
-    EXPECT_EQ(on.chart.handle->FindIndicator(on.chart.handle->m_indicators[1]->GetHandle())->GetPrimitiveMask(), 5);
+    EXPECT_EQ(
+        on.chart.handle->FindIndicator(on.chart.handle->m_indicators[1]->GetHandle())->GetPrimitiveMask(), 5);
 }
 
 TEST(StoredIndicator, WithInputsNeedsABase) {
@@ -216,8 +220,8 @@ TEST(StoredIndicator, OnTicksIsRefused) {
     const Chart chart = host.createChart();
     host.addInstrument(chart, "EURUSD", 'I', 0);
     host.clearTraffic();
-    EXPECT_FALSE(chart.handle->CreateIndicator(nullptr, QString("MA").utf16(), chart.handle->GetAnyPrimitive(), 0,
-                                               nullptr, nullptr, true));
+    EXPECT_FALSE(chart.handle->CreateIndicator(nullptr, QString("MA").utf16(),
+                                               chart.handle->GetAnyPrimitive(), 0, nullptr, nullptr, true));
     EXPECT_EQ(host.hostCalls(), 0);
 }
 

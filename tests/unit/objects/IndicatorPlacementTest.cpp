@@ -26,16 +26,14 @@ TEST_P(Placement, IsThatOfTheTable) {
 
 constexpr bool base = true, noBase = false, sources = true, noSources = false, sum = true, other = false;
 
-INSTANTIATE_TEST_SUITE_P(OnABaseWithSources, Placement,
-                         testing::Values(Row{{base, sources, other, 0}, true, true},
-                                         Row{{base, sources, other, 1}, true, false},
-                                         Row{{base, sources, other, 2}, true, false},
-                                         Row{{base, sources, other, 3}, false, false},
-                                         Row{{base, sources, other, -1}, false, false},
-                                         Row{{base, sources, other, 0x7FFFFFFF}, false, false},
-                                         Row{{base, sources, sum, 0}, true, true},
-                                         Row{{base, sources, sum, 1}, true, false},
-                                         Row{{base, sources, sum, 3}, false, false}));
+INSTANTIATE_TEST_SUITE_P(
+    OnABaseWithSources, Placement,
+    testing::Values(Row{{base, sources, other, 0}, true, true}, Row{{base, sources, other, 1}, true, false},
+                    Row{{base, sources, other, 2}, true, false}, Row{{base, sources, other, 3}, false, false},
+                    Row{{base, sources, other, -1}, false, false},
+                    Row{{base, sources, other, 0x7FFFFFFF}, false, false},
+                    Row{{base, sources, sum, 0}, true, true}, Row{{base, sources, sum, 1}, true, false},
+                    Row{{base, sources, sum, 3}, false, false}));
 
 INSTANTIATE_TEST_SUITE_P(WithoutABaseOrSources, Placement,
                          testing::Values(Row{{noBase, noSources, other, 0}, true, true},

@@ -199,7 +199,8 @@ TEST(Links, JoinTwoVisibleLinesOfTheLayer) {
 
 TEST(Links, OfLinesThatDoNotExistAreLeftOut) {
     Shown shown({"A", "B"});
-    const auto links = linksOf(shown.indicator, {{0, 0, 0, 1, 0}, {0, 0, 1, 3, 0}, {0, 0, -5, 99, 0}, {0, 0, 1, 2, 0}});
+    const auto links =
+        linksOf(shown.indicator, {{0, 0, 0, 1, 0}, {0, 0, 1, 3, 0}, {0, 0, -5, 99, 0}, {0, 0, 1, 2, 0}});
     EXPECT_EQ(links.size(), 1u);
 }
 
@@ -214,7 +215,8 @@ TEST(Links, NeedTwoLinesOnTheLayer) {
     EXPECT_TRUE(linksOf(shown.indicator, {{0, 0, 1, 1, 0}}).empty());
     Shown pair({"A", "B"});
     int elsewhere = 0;
-    EXPECT_TRUE(linksOf(pair.indicator, {{0, 0, 1, 2, 0}}, reinterpret_cast<CRGraphLayer *>(&elsewhere)).empty());
+    EXPECT_TRUE(
+        linksOf(pair.indicator, {{0, 0, 1, 2, 0}}, reinterpret_cast<CRGraphLayer *>(&elsewhere)).empty());
 }
 
 TEST(Links, OfANullListAreNone) {
