@@ -78,7 +78,6 @@ bool Options::parse(const QStringList &arguments, QString &message) {
     if (!parser.positionalArguments().isEmpty())
         return refuse(text("Unknown argument '%1': see --help.").arg(parser.positionalArguments().first()));
 
-    QuoteFile common;
     if (parser.isSet("clock")) {
         common.clock = Clock::fromText(parser.value("clock"));
         if (!common.clock)

@@ -11,6 +11,7 @@ namespace desk {
 
 // What the command line asks for.
 struct Options {
+    QuoteFile common; // clock, digits and day that hold for all files and the feed
     std::vector<QuoteFile> quoteFiles;
     QString feed;   // "-", or "host:port"
     QString replay; // a file

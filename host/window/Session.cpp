@@ -31,6 +31,7 @@
 #include <QSettings>
 #include <QStandardPaths>
 #include <cstdio>
+#include <unistd.h>
 
 namespace desk {
 
@@ -47,6 +48,7 @@ Session::Session(const Options &options, QObject *parent)
     : QObject(parent), m_options(options), m_journal(std::make_unique<Journal>()),
       m_book(std::make_unique<QuoteBook>()), m_host(std::make_unique<Host>()) {
     connect(m_book.get(), &QuoteBook::told, this, &Session::echo);
+    connect(m_book.get(), &QuoteBook::progressed, this, &Session::echoProgress);
 }
 
 Session::~Session() {
@@ -70,6 +72,14 @@ void Session::echo(Level level, const QString &sentence) {
     m_journal->add(level, QStringLiteral("Desk"), sentence);
     if (!m_unattended || int(level) < int(Level::Warning))
         std::fprintf(int(level) >= int(Level::Warning) ? stderr : stdout, "%s\n", qPrintable(sentence));
+}
+
+// A long file says how far it is, on a terminal's own line.
+void Session::echoProgress(const QString &what, int percent) {
+    if (m_window || m_unattended || !isatty(STDERR_FILENO))
+        return;
+    std::fprintf(stderr, percent < 100 ? "\r%s: %d %%" : "\r\033[K", qPrintable(what), percent);
+    std::fflush(stderr);
 }
 
 QString Session::start() {
@@ -146,17 +156,17 @@ QString Session::readQuotes() {
 QString Session::openSources() {
     if (!m_options.feed.isEmpty()) {
         m_feed = std::make_unique<LineFeed>(*m_book);
+        if (m_options.common.clock)
+            m_feed->setClock(*m_options.common.clock);
         const QString refusal = m_feed->open(m_options.feed);
         if (!refusal.isEmpty())
             return refusal;
     }
     if (!m_options.replay.isEmpty()) {
         QuoteFile file = QuoteFile::fromArgument(m_options.replay);
-        if (!m_options.quoteFiles.empty()) {
-            file.clock = m_options.quoteFiles.front().clock;
-            file.digits = m_options.quoteFiles.front().digits;
-            file.date = m_options.quoteFiles.front().date;
-        }
+        file.clock = m_options.common.clock;
+        file.digits = m_options.common.digits;
+        file.date = m_options.common.date;
         m_replay = std::make_unique<Replay>(*m_book);
         const QString refusal = m_replay->open(file);
         if (!refusal.isEmpty())
@@ -222,6 +232,8 @@ QString Session::openCharts() {
     if (m_window->deck().panes().empty() && (m_feed || m_replay)) {
         m_showsArrivals = true;
         connect(m_book.get(), &QuoteBook::quoted, this, &Session::openArrived);
+        if (m_feed)
+            connect(m_feed.get(), &LineFeed::ended, this, [this] { m_showsArrivals = false; });
     }
     return QString();
 }
@@ -281,12 +293,16 @@ void Session::takePicture(const QString &fileName, const std::function<void(cons
             done(tr("The picture %1 cannot be written.").arg(fileName));
     };
     auto *timer = new QTimer(this);
-    connect(timer, &QTimer::timeout, this, [this, timer, waited, take] {
+    connect(timer, &QTimer::timeout, this, [this, timer, waited, take, done] {
         *waited += timer->interval();
         if (m_window->deck().panes().empty() && m_showsArrivals && *waited < mostArrivalMs)
             return;
         timer->stop();
         timer->deleteLater();
+        if (m_window->deck().panes().empty()) {
+            done(tr("There is nothing to show: no quotes came in."));
+            return;
+        }
         if (m_options.bars <= 0) {
             take();
             return;

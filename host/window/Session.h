@@ -56,6 +56,7 @@ private:
     QString openCharts();
     void openChart(const QString &symbol);
     void echo(Level level, const QString &sentence);
+    void echoProgress(const QString &what, int percent);
     void openArrived(); // charts of symbols that a feed brought
     void restoreLook();
     void saveLook();
