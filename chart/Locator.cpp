@@ -47,9 +47,10 @@ void CRGraphWidget::ShowLocator() {
     if (!m_pLocator || !m_pLocator->m_pfnShowLocator || !m_chartRect.contains(CursorPos()))
         return;
     FormLocatorMessage();
+    std::vector<mwiLocatorMessageItem> shown = m_locatorItems; // the host may let the window form new ones
     mwiLocatorMessage message;
-    message.count = static_cast<int>(m_locatorItems.size());
-    message.items = m_locatorItems.data();
+    message.count = static_cast<int>(shown.size());
+    message.items = shown.data();
     message.background = m_backgroundColor;
     m_pLocator->m_pfnShowLocator(&message);
 }

@@ -50,6 +50,8 @@ int CRGraphWidget::IndexUnderCursor(int x) const {
     const CRGraphLayer *layer = GetAnyPrimitiveLayer();
     if (!layer)
         return 0;
+    if (layer->m_rect.width() <= 0)
+        return layer->m_nFirstPos;
     const int points = layer->m_nScreenPoints;
     const double share = (x - layer->m_rect.left() + 0.5 * layer->m_candleStep) / layer->m_rect.width();
     return qBound(0, static_cast<int>(points * share), points) + layer->m_nFirstPos;
