@@ -9,6 +9,10 @@ struct SplitterCase {
     float wanted, above, below, expected;
 };
 
+void PrintTo(const SplitterCase &row, std::ostream *out) {
+    *out << row.what;
+}
+
 class Splitter : public testing::TestWithParam<SplitterCase> {};
 
 TEST_P(Splitter, SharesTheSum) {

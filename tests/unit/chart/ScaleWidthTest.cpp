@@ -24,6 +24,10 @@ struct DecisionCase {
     int left, right;
 };
 
+void PrintTo(const DecisionCase &row, std::ostream *out) {
+    *out << (row.leftOn ? "left " : "") << (row.rightOn ? "right " : "") << (row.lastPriceOn ? "last price" : "");
+}
+
 class Decision : public testing::TestWithParam<DecisionCase> {};
 
 TEST_P(Decision, FollowsTheSwitches) {

@@ -161,6 +161,10 @@ struct StepCase {
     long expected;
 };
 
+void PrintTo(const StepCase &row, std::ostream *out) {
+    *out << row.what;
+}
+
 class FreeTime : public testing::TestWithParam<StepCase> {};
 
 TEST_P(FreeTime, IsOneIntervalOn) {
@@ -186,6 +190,10 @@ struct PeriodCase {
     int length;
     int expected;
 };
+
+void PrintTo(const PeriodCase &row, std::ostream *out) {
+    *out << row.letter << row.length;
+}
 
 class PeriodMinutes : public testing::TestWithParam<PeriodCase> {};
 
