@@ -37,7 +37,8 @@ int CRGraphLayer::GetPrimitiveCount() const {
 
 bool CRGraphLayer::ContainInstrument(const unsigned short *symbol) const {
     return std::any_of(m_primitives.begin(), m_primitives.end(), [symbol](const CRPrimitive *primitive) {
-        return primitive->m_pIndicator && primitive->m_pIndicator->m_isInstrument && primitive->NameIs(symbol);
+        return primitive->m_pIndicator && primitive->m_pIndicator->m_isInstrument &&
+               primitive->NameIs(symbol);
     });
 }
 

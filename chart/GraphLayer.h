@@ -33,10 +33,10 @@ public:
     // ---- range and mapping (chart/GraphLayerRange.cpp) ----
     void UpdatePaintProperties(const QRect &rect);
     LayerMapping Mapping() const;
-    int CalcY(float value) const;      // widget row
-    double CalcPrice(int y) const;     // value at a widget row
+    int CalcY(float value) const;                      // widget row
+    double CalcPrice(int y) const;                     // value at a widget row
     double GetValueByPoint(const QPoint &point) const; // 0.0 outside the plot
-    int CenterX(int relativePos) const; // column centre of a position relative to m_nFirstPos
+    int CenterX(int relativePos) const;                // column centre of a position relative to m_nFirstPos
     int LeftX(int relativePos, bool tick) const;
     int RelativePos(int x) const;
     void SetDataScaleSelfTuning(bool on);
@@ -45,8 +45,8 @@ public:
     void InverseColor(QColor *color) const;
 
     // ---- contents (chart/GraphLayer.cpp) ----
-    void UpdateData();                 // all three refreshes
-    void Update();                     // only what is stale
+    void UpdateData(); // all three refreshes
+    void Update();     // only what is stale
     void UpdatePrimitivesData();
     void UpdatePrimitiveLinksData();
     void UpdateTradeData();

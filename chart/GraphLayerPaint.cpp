@@ -66,7 +66,8 @@ bool CRGraphLayer::ShowsScale(SCALE_TYPE type) const {
     const int index = GetIndex();
     if (type == RIGHT_SCALE)
         return index == 0;
-    return index == 1 || (index == 0 && m_pArea->m_layers.size() == 1 && widget && widget->m_nLeftScaleWidth > 0);
+    return index == 1 ||
+           (index == 0 && m_pArea->m_layers.size() == 1 && widget && widget->m_nLeftScaleWidth > 0);
 }
 
 void CRGraphLayer::DrawScales(QPainter &painter) {
@@ -82,7 +83,8 @@ void CRGraphLayer::DrawWideCandles(PaintPass &pass) {
             if (auto painter = PrimitivePainter::Create(pass, *primitive))
                 painters.push_back(std::move(painter));
     if (!painters.empty())
-        paintColumns(pass.mapping, painters, pass.firstColumn - overdraw, pass.lastColumn + overdraw + pass.freeSpace);
+        paintColumns(pass.mapping, painters, pass.firstColumn - overdraw,
+                     pass.lastColumn + overdraw + pass.freeSpace);
     pass.ink.Flush();
     pass.ink.Forget();
 }

@@ -107,9 +107,10 @@ void CRGraphLayer::UpdatePaintProperties(const QRect &rect) {
 void CRGraphLayer::CollectRange() {
     const CRGraphWidget *widget = GetWidget();
     ValueRange range;
-    const bool candlesOnly = widget->m_candleInSelfTuning &&
-                             std::any_of(m_primitives.begin(), m_primitives.end(),
-                                         [](const CRPrimitive *primitive) { return primitive->IsCandleLike(); });
+    const bool candlesOnly =
+        widget->m_candleInSelfTuning &&
+        std::any_of(m_primitives.begin(), m_primitives.end(),
+                    [](const CRPrimitive *primitive) { return primitive->IsCandleLike(); });
     const CRTimeScale *axis = widget->m_pTimeScale;
     const int lastPos = axis ? std::min(m_nFirstPos + m_nScreenPoints, axis->GetTimeCount()) - 1 : -1;
     for (const CRPrimitive *primitive : m_primitives) {

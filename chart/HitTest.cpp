@@ -41,7 +41,8 @@ int testColumn(const Probe &probe) {
     const int dataIndex = probe.primitive.GetPos(probe.position);
     if (!probe.primitive.GetDataPoint(dataIndex))
         return -1;
-    return hits(probe, probe.mapping.CenterX(probe.position - probe.mapping.firstPos), dataIndex) ? dataIndex : -1;
+    return hits(probe, probe.mapping.CenterX(probe.position - probe.mapping.firstPos), dataIndex) ? dataIndex
+                                                                                                  : -1;
 }
 
 int testLine(const Probe &probe) {
@@ -53,7 +54,8 @@ int testLine(const Probe &probe) {
 bool hitsDot(const Probe &probe, int x, int dataIndex) {
     constexpr double smallStep = 5;
     const bool onClose = probe.primitive.m_type == PT_CLOSE_DOTS;
-    const int y = probe.Row(onClose ? probe.primitive.GetClose(dataIndex) : probe.primitive.FirstValue(dataIndex));
+    const int y =
+        probe.Row(onClose ? probe.primitive.GetClose(dataIndex) : probe.primitive.FirstValue(dataIndex));
     const QRect dot = dotSize(probe.mapping.candleStep).At(x, y);
     if (probe.mapping.candleStep < smallStep)
         return probe.OnLine(QLine(x, dot.top(), x, dot.top() + dot.height()));
@@ -86,7 +88,9 @@ bool hitsMark(const Probe &probe, int x, int dataIndex) {
     const Mark mark = markAt(probe.primitive, dataIndex);
     const int first = probe.Row(mark.first);
     const int second = probe.Row(mark.second);
-    const auto onArrow = [&probe](const Arrow &arrow) { return probe.OnLine(arrow.left) || probe.OnLine(arrow.right); };
+    const auto onArrow = [&probe](const Arrow &arrow) {
+        return probe.OnLine(arrow.left) || probe.OnLine(arrow.right);
+    };
     const double step = probe.mapping.candleStep;
     return probe.OnLine(QLine(x, first, x, second)) ||
            (hasArrowAbove(mark.kind) && onArrow(arrowAbove(x, std::min(first, second), step))) ||
@@ -107,7 +111,8 @@ int testWideCandle(const Probe &probe) {
     while (position > firstPos - overdraw && leftOf(position) >= probe.point.x())
         --position;
     position = std::max(probe.primitive.PreviousSignedPos(position), firstPos - overdraw);
-    for (position = probe.primitive.NextSignedPos(position); position >= 0 && leftOf(position) <= probe.point.x();
+    for (position = probe.primitive.NextSignedPos(position);
+         position >= 0 && leftOf(position) <= probe.point.x();
          position = probe.primitive.NextSignedPos(position + 1)) {
         const int dataIndex = probe.primitive.GetPos(position);
         const int end = wideCandleEnd(probe.primitive, position, firstPos, axis->GetTimeCount(),

@@ -9,7 +9,8 @@ namespace {
 
 // Between two ends that may stand either way round, widened by the tolerance.
 bool isBetween(int value, int a, int b, int tolerance) {
-    return (value >= a - tolerance && value <= b + tolerance) || (value >= b - tolerance && value <= a + tolerance);
+    return (value >= a - tolerance && value <= b + tolerance) ||
+           (value >= b - tolerance && value <= a + tolerance);
 }
 
 } // namespace

@@ -12,8 +12,8 @@ constexpr double rounding = 1.0; // half a position more than the other draw typ
 
 } // namespace
 
-std::unique_ptr<Wrap::Primitive::Base> Wrap::Primitive::Create(const CRGraphLayer *layer, const CRPrimitive *primitive,
-                                                               PRIMITIVE_TYPES type) {
+std::unique_ptr<Wrap::Primitive::Base>
+Wrap::Primitive::Create(const CRGraphLayer *layer, const CRPrimitive *primitive, PRIMITIVE_TYPES type) {
     if (type != PT_LINE && type != PT_CLOSE_LINE && type != PT_TICK_LINE)
         return nullptr;
     return std::make_unique<TDerive<3>>(layer, primitive);

@@ -1,13 +1,12 @@
+#include "chart/HitTestToolTip.h"
 #include "chart/GraphArea.h"
 #include "chart/GraphLayer.h"
 #include "chart/GraphWidget.h"
-#include "chart/HitTestToolTip.h"
 #include "chart/Primitive.h"
 #include "chart/PrimitiveMarks.h"
 #include "chart/TimeText.h"
 #include "module/GraphModule.h"
 #include "support/Numbers.h"
-
 
 namespace {
 

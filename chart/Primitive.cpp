@@ -230,8 +230,9 @@ int CRPrimitive::GetViewSize(DATA_POINT_TYPES type) const {
 // ---- studies ----
 
 void CRPrimitive::AddLineStudy(CRLineStudy *study, int index) {
-    const auto place = index < 0 || index >= static_cast<int>(m_lineStudies.size()) ? m_lineStudies.end()
-                                                                                    : m_lineStudies.begin() + index;
+    const auto place = index < 0 || index >= static_cast<int>(m_lineStudies.size())
+                           ? m_lineStudies.end()
+                           : m_lineStudies.begin() + index;
     m_lineStudies.insert(place, study);
 }
 

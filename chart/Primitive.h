@@ -31,7 +31,15 @@ enum PRIMITIVE_TYPES : int {
 };
 
 // Unit of a time step.
-enum eDateType { DT_UNKNOWN = 0, DT_TICK = 1, DT_MINUTE = 2, DT_DAY = 3, DT_WEEK = 4, DT_MONTH = 5, DT_YEAR = 6 };
+enum eDateType {
+    DT_UNKNOWN = 0,
+    DT_TICK = 1,
+    DT_MINUTE = 2,
+    DT_DAY = 3,
+    DT_WEEK = 4,
+    DT_MONTH = 5,
+    DT_YEAR = 6
+};
 
 // One drawn series: a host array, its look, and the data index of every position of the time scale.
 class CRPrimitive : public QObject, public CRMDataLine {
@@ -69,10 +77,10 @@ public:
     // ---- values ----
     float GetMaxOnInterval(long first, long last) const; // data indices, inclusive
     float GetMinOnInterval(long first, long last) const;
-    double TitleValue(int dataIndex, bool *has) const;   // the value field of the draw type
-    double FirstValue(int dataIndex) const;              // the value behind the time
-    bool IsTickSeries() const;                           // period "I" of length 0
-    bool IsInstrumentType() const;                       // 1, 3, 5, 6, 7
+    double TitleValue(int dataIndex, bool *has) const; // the value field of the draw type
+    double FirstValue(int dataIndex) const;            // the value behind the time
+    bool IsTickSeries() const;                         // period "I" of length 0
+    bool IsInstrumentType() const;                     // 1, 3, 5, 6, 7
     bool IsCandleLike() const { return IsInstrumentType(); }
 
     // ---- identity and names ----
@@ -86,7 +94,7 @@ public:
     QString GetMenuItemName();
     void SyncInternalData();
     void SyncExNameData();
-    void RequestExNames();       // the symbol goes to the host, four texts come back
+    void RequestExNames(); // the symbol goes to the host, four texts come back
     void CreatePrimitive(mvDataPointArray *array);
     QString ExName(int which) const; // 0 symbol, 1 name, 2 suffix, 3 alias
     int GetViewSize(DATA_POINT_TYPES type) const;

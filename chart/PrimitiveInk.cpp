@@ -18,8 +18,8 @@ bool clipFar(QLine &line) {
     const double dx = static_cast<double>(line.x2()) - line.x1();
     const double dy = static_cast<double>(line.y2()) - line.y1();
     const double steps[] = {-dx, dx, -dy, dy};
-    const double rooms[] = {line.x1() + double(farAway), double(farAway) - line.x1(), line.y1() + double(farAway),
-                            double(farAway) - line.y1()};
+    const double rooms[] = {line.x1() + double(farAway), double(farAway) - line.x1(),
+                            line.y1() + double(farAway), double(farAway) - line.y1()};
     double from = 0, to = 1;
     for (int side = 0; side < 4; ++side) {
         if (steps[side] == 0 && rooms[side] < 0)

@@ -15,12 +15,14 @@ constexpr int rowsOutside = 2000; // beyond the plot, where nobody sees a slope
 
 double valueOf(const CRPrimitive &primitive, int dataIndex) {
     const PrimitiveTypeRow *row = primitiveTypeRow(primitive.m_type);
-    return row && row->value == ValueSource::Close ? primitive.GetClose(dataIndex) : primitive.FirstValue(dataIndex);
+    return row && row->value == ValueSource::Close ? primitive.GetClose(dataIndex)
+                                                   : primitive.FirstValue(dataIndex);
 }
 
 } // namespace
 
-PrimitiveLinkPainter::PrimitiveLinkPainter(PaintPass &pass, const CPrimitiveLink &link) : m_pass(pass), m_link(link) {}
+PrimitiveLinkPainter::PrimitiveLinkPainter(PaintPass &pass, const CPrimitiveLink &link)
+    : m_pass(pass), m_link(link) {}
 
 bool PrimitiveLinkPainter::IsPainted() const {
     return m_link.m_pFirst && m_link.m_pSecond && m_link.m_pFirst->GetDataPointCount() > 0 &&

@@ -38,6 +38,7 @@ bool areMarksJoined(const CRPrimitive &primitive) {
 }
 
 int histogramBase(const CRPrimitive &primitive, const LayerMapping &mapping) {
-    return primitive.GetArray() ? std::min(mapping.Y(primitive.GetArray()->typeShow.borderValue), mapping.rect.bottom())
-                                : mapping.rect.bottom();
+    return primitive.GetArray()
+               ? std::min(mapping.Y(primitive.GetArray()->typeShow.borderValue), mapping.rect.bottom())
+               : mapping.rect.bottom();
 }

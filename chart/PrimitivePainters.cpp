@@ -41,7 +41,8 @@ int seriesPenWidth(const CRPrimitive &primitive) {
 QPen seriesPen(const CRPrimitive &primitive, const QColor &color, int wider) {
     const int style = primitive.m_nPenStyle;
     const bool known = style >= Qt::NoPen && style <= Qt::DashDotDotLine;
-    return QPen(color, seriesPenWidth(primitive) + wider, known ? static_cast<Qt::PenStyle>(style) : Qt::SolidLine);
+    return QPen(color, seriesPenWidth(primitive) + wider,
+                known ? static_cast<Qt::PenStyle>(style) : Qt::SolidLine);
 }
 
 QPen highlightPen(const CRPrimitive &primitive, int wider) {
@@ -51,18 +52,22 @@ QPen highlightPen(const CRPrimitive &primitive, int wider) {
 std::unique_ptr<PrimitivePainter> PrimitivePainter::Create(PaintPass &pass, CRPrimitive &primitive) {
     if (primitive.m_type < 0 || primitive.m_type >= makerCount)
         return nullptr;
-    if (primitive.m_nPenWidth == 0 || primitive.m_nPenStyle == Qt::NoPen || primitive.GetDataPointCount() <= 0)
+    if (primitive.m_nPenWidth == 0 || primitive.m_nPenStyle == Qt::NoPen ||
+        primitive.GetDataPointCount() <= 0)
         return nullptr;
     return makers[primitive.m_type](pass, primitive);
 }
 
 PrimitivePainter::PrimitivePainter(PaintPass &pass, CRPrimitive &primitive, int reach)
     : m_pass(pass), m_primitive(primitive),
-      m_line(primitive.IsSelected() ? selectedPen(primitive.m_linePen, pass.blinkPhase) : primitive.m_linePen),
-      m_rise(primitive.IsSelected() ? selectedPen(primitive.m_risePen, pass.blinkPhase) : primitive.m_risePen),
+      m_line(primitive.IsSelected() ? selectedPen(primitive.m_linePen, pass.blinkPhase)
+                                    : primitive.m_linePen),
+      m_rise(primitive.IsSelected() ? selectedPen(primitive.m_risePen, pass.blinkPhase)
+                                    : primitive.m_risePen),
       m_selected(primitive.IsSelected()), m_count(primitive.GetDataPointCount()),
       m_reach(reach + seriesPenWidth(primitive) + 1),
-      m_lastColumn(pass.manualTest && !primitive.IsInstrumentType() ? pass.mapping.screenPoints - 1 : INT_MAX) {
+      m_lastColumn(pass.manualTest && !primitive.IsInstrumentType() ? pass.mapping.screenPoints - 1
+                                                                    : INT_MAX) {
     primitive.m_bColumnPending = false;
 }
 
@@ -82,8 +87,8 @@ bool PrimitivePainter::Column(int relativePos, int x) {
     return true;
 }
 
-void paintColumns(const LayerMapping &mapping, std::vector<std::unique_ptr<PrimitivePainter>> &painters, int from,
-                  int to) {
+void paintColumns(const LayerMapping &mapping, std::vector<std::unique_ptr<PrimitivePainter>> &painters,
+                  int from, int to) {
     std::vector<PrimitivePainter *> active;
     for (const auto &painter : painters)
         active.push_back(painter.get());

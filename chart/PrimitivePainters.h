@@ -64,5 +64,5 @@ private:
 
 // Paints the columns from..to (exclusive) of all painters, side by side; the order of the painters is that
 // in which they land on each other within a column.
-void paintColumns(const LayerMapping &mapping, std::vector<std::unique_ptr<PrimitivePainter>> &painters, int from,
-                  int to);
+void paintColumns(const LayerMapping &mapping, std::vector<std::unique_ptr<PrimitivePainter>> &painters,
+                  int from, int to);

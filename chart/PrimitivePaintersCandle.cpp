@@ -13,7 +13,8 @@ PricePainter::PricePainter(PaintPass &pass, CRPrimitive &primitive, int reach)
 PricePainter::Rows PricePainter::RowsAt(int dataIndex) const {
     const double open = m_primitive.GetOpen(dataIndex);
     const double close = m_primitive.GetClose(dataIndex);
-    return {Y(open), Y(m_primitive.GetHigh(dataIndex)), Y(m_primitive.GetLow(dataIndex)), Y(close), open <= close};
+    return {Y(open), Y(m_primitive.GetHigh(dataIndex)), Y(m_primitive.GetLow(dataIndex)), Y(close),
+            open <= close};
 }
 
 const QColor &PricePainter::Color(bool rising) const {
@@ -54,7 +55,8 @@ void PricePainter::Finish() {
 
 CandlePainter::CandlePainter(PaintPass &pass, CRPrimitive &primitive)
     : PricePainter(pass, primitive, candleWidth(pass.mapping.candleStep).half),
-      m_width(candleWidth(pass.mapping.candleStep)), m_selectedBrush(primitive.m_lineColor, Qt::Dense3Pattern) {}
+      m_width(candleWidth(pass.mapping.candleStep)),
+      m_selectedBrush(primitive.m_lineColor, Qt::Dense3Pattern) {}
 
 void CandlePainter::Paint(int, int x, int dataIndex) {
     const Rows rows = RowsAt(dataIndex);
@@ -92,8 +94,8 @@ void CandlePainter::DrawFallingBody(int x, const Rows &rows) {
 // ---- bars ----
 
 BarPainter::BarPainter(PaintPass &pass, CRPrimitive &primitive)
-    : PricePainter(pass, primitive, barTick(pass.mapping.candleStep)), m_tick(barTick(pass.mapping.candleStep)),
-      m_merged(isBarMerged(pass.mapping.candleStep)) {}
+    : PricePainter(pass, primitive, barTick(pass.mapping.candleStep)),
+      m_tick(barTick(pass.mapping.candleStep)), m_merged(isBarMerged(pass.mapping.candleStep)) {}
 
 void BarPainter::Paint(int, int x, int dataIndex) {
     const Rows rows = RowsAt(dataIndex);
@@ -126,7 +128,8 @@ int wideCandleEnd(const CRPrimitive &primitive, int position, int firstPos, int 
 }
 
 bool WideCandlePainter::IsBehind(int relativePos, int) const {
-    return m_pass.mapping.LeftX(relativePos, m_tickSeries) - seriesPenWidth(m_primitive) > m_pass.mapping.rect.right();
+    return m_pass.mapping.LeftX(relativePos, m_tickSeries) - seriesPenWidth(m_primitive) >
+           m_pass.mapping.rect.right();
 }
 
 void WideCandlePainter::Paint(int relativePos, int, int dataIndex) {

@@ -11,7 +11,8 @@
 LinePainter::LinePainter(PaintPass &pass, CRPrimitive &primitive) : PrimitivePainter(pass, primitive, 0) {}
 
 double LinePainter::Value(int dataIndex) const {
-    return m_primitive.m_type == PT_CLOSE_LINE ? m_primitive.GetClose(dataIndex) : m_primitive.FirstValue(dataIndex);
+    return m_primitive.m_type == PT_CLOSE_LINE ? m_primitive.GetClose(dataIndex)
+                                               : m_primitive.FirstValue(dataIndex);
 }
 
 // A segment ends in its column: the first point behind the right edge still has one that shows.
@@ -104,8 +105,7 @@ void HistogramPainter::Paint(int, int x, int dataIndex) {
 
 MarkPainter::MarkPainter(PaintPass &pass, CRPrimitive &primitive)
     : PrimitivePainter(pass, primitive, static_cast<int>(pass.mapping.candleStep) + 1),
-      m_joined(areMarksJoined(primitive)),
-      m_highlight(highlightPen(primitive, 2)) {}
+      m_joined(areMarksJoined(primitive)), m_highlight(highlightPen(primitive, 2)) {}
 
 void MarkPainter::DrawArrow(const InkPen &pen, const Arrow &arrow) {
     m_pass.ink.Line(pen, arrow.left);

@@ -23,9 +23,9 @@ struct KindRow {
 };
 
 constexpr KindRow kinds[] = {
-    {1, -1, PT_CANDLE},      {2, -1, PT_BAR},         {3, -1, PT_CLOSE_LINE}, {4, 0, PT_LINE},
-    {4, 1, PT_HISTOGRAM},    {4, 2, PT_CLOSE_DOTS},   {5, -1, PT_WIDE_CANDLE}, {6, -1, PT_MARKS},
-    {7, -1, PT_CLOSE_DOTS},  {8, -1, PT_DOTS},        {10, -1, PT_PATTERN},
+    {1, -1, PT_CANDLE},     {2, -1, PT_BAR},       {3, -1, PT_CLOSE_LINE},  {4, 0, PT_LINE},
+    {4, 1, PT_HISTOGRAM},   {4, 2, PT_CLOSE_DOTS}, {5, -1, PT_WIDE_CANDLE}, {6, -1, PT_MARKS},
+    {7, -1, PT_CLOSE_DOTS}, {8, -1, PT_DOTS},      {10, -1, PT_PATTERN},
 };
 
 } // namespace

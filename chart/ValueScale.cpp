@@ -12,7 +12,9 @@ constexpr int labelGap = 5;        // pixels between two texts
 constexpr int fullHeight = 100;    // of a plot that needs no spare room
 constexpr int mostLabels = 10000;  // no screen has as many rows
 
-double truncated(double value) { return std::trunc(value); }
+double truncated(double value) {
+    return std::trunc(value);
+}
 
 float perUnit(double pixels, const ValueRange &range) {
     const double span = static_cast<double>(range.max) - range.min;
@@ -30,7 +32,8 @@ void ValueRange::Widen(float high, float low) {
 
 // A value so large that ten ticks vanish in it is moved by more of them.
 void separateEqualEnds(ValueRange &range, float tick) {
-    for (double distance = 10.0 * tick; range.max == range.min && distance > 0 && distance < FLT_MAX; distance *= 10) {
+    for (double distance = 10.0 * tick; range.max == range.min && distance > 0 && distance < FLT_MAX;
+         distance *= 10) {
         range.max = static_cast<float>(range.max + distance);
         range.min = static_cast<float>(range.min - distance);
     }
@@ -85,7 +88,8 @@ bool isRoundValue(double value, double tick) {
     return 0.9 * tick > std::fabs(hundred * multiple - std::fabs(value));
 }
 
-std::vector<ValueLabel> valueLabels(const ValueRange &range, const LayerMapping &mapping, int textHeight, float tick) {
+std::vector<ValueLabel> valueLabels(const ValueRange &range, const LayerMapping &mapping, int textHeight,
+                                    float tick) {
     std::vector<ValueLabel> labels;
     const ValueGrid grid = valueGrid(range, mapping.rect.height(), textHeight, tick);
     const int decimals = decimalsOf(tick);

@@ -49,4 +49,5 @@ struct ValueLabel {
 };
 
 // The labels that lie on the plot of `mapping`, from the lowest value to the highest.
-std::vector<ValueLabel> valueLabels(const ValueRange &range, const LayerMapping &mapping, int textHeight, float tick);
+std::vector<ValueLabel> valueLabels(const ValueRange &range, const LayerMapping &mapping, int textHeight,
+                                    float tick);

@@ -13,7 +13,8 @@ ValueScaleGrid::ValueScaleGrid(QPainter &painter, const QColor &color, std::vect
     : m_painter(painter), m_color(color), m_strokes(std::move(strokes)),
       m_direct(painter.deviceTransform().type() > QTransform::TxTranslate) {
     for (const QLine &stroke : m_strokes)
-        m_place |= QRect(QPoint(std::min(stroke.x1(), stroke.x2()), 0), QPoint(std::max(stroke.x1(), stroke.x2()), 0));
+        m_place |= QRect(QPoint(std::min(stroke.x1(), stroke.x2()), 0),
+                         QPoint(std::max(stroke.x1(), stroke.x2()), 0));
     m_place.adjust(-capRoom, -capRoom, capRoom, capRoom);
     m_strips.reserve(2);
 }

@@ -10,10 +10,10 @@
 
 namespace {
 
-constexpr int textGap = 4;         // pixels between plot and text
-constexpr int baselineBelow = 4;   // of a text, under the row of its value
-constexpr int autoButtonGap = 16;  // right of the button on the right scale
-constexpr double roundTick = 2.0;  // pen widths
+constexpr int textGap = 4;        // pixels between plot and text
+constexpr int baselineBelow = 4;  // of a text, under the row of its value
+constexpr int autoButtonGap = 16; // right of the button on the right scale
+constexpr double roundTick = 2.0; // pen widths
 constexpr double plainTick = 1.0;
 
 } // namespace
@@ -66,8 +66,9 @@ void CRGraphLayer::DrawAutoButton(SCALE_TYPE type, QPainter &painter) {
         return;
     const CRGraphWidget *widget = GetWidget();
     const QPixmap image = LoadModulePixmap("auto.png");
-    const int x = type == RIGHT_SCALE ? m_rect.right() + widget->m_nRightScaleWidth - image.width() - autoButtonGap
-                                      : m_rect.left() - widget->m_nLeftScaleWidth + 1;
+    const int x = type == RIGHT_SCALE
+                      ? m_rect.right() + widget->m_nRightScaleWidth - image.width() - autoButtonGap
+                      : m_rect.left() - widget->m_nLeftScaleWidth + 1;
     place = QRect(QPoint(x, m_rect.top() + 1), image.size());
     painter.drawPixmap(place.topLeft(), image);
 }

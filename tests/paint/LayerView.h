@@ -18,7 +18,8 @@ constexpr QRgb testFall = 0xFFC00000;
 
 struct LayerView {
     explicit LayerView(const Chart &chart, int area = 0, int layer = 0)
-        : layer(chart.handle->m_areas.at(static_cast<std::size_t>(area))->m_layers.at(static_cast<std::size_t>(layer))),
+        : layer(chart.handle->m_areas.at(static_cast<std::size_t>(area))
+                    ->m_layers.at(static_cast<std::size_t>(layer))),
           bar(chart.handle->m_pScrollBar) {}
 
     int points() const { return bar->m_nScreenDataPoints; }
@@ -34,7 +35,9 @@ struct LayerView {
     int y(double value) const {
         return layer->m_rect.bottom() + 1 - static_cast<int>((value - layer->m_min) * layer->m_yScale + 0.5);
     }
-    CRPrimitive *series(int index = 0) const { return layer->m_primitives.at(static_cast<std::size_t>(index)); }
+    CRPrimitive *series(int index = 0) const {
+        return layer->m_primitives.at(static_cast<std::size_t>(index));
+    }
 
     CRGraphLayer *layer;
     CTimeScrollBar *bar;
@@ -54,7 +57,8 @@ struct SeriesChart {
     LayerView view(int area = 0, int layer = 0) { return LayerView(chart, area, layer); }
     CRPrimitive *series() { return chart.handle->m_indicators.front()->m_primitives.front(); }
     // An indicator on the instrument, in its layer (placement 0) or in a new pane (3).
-    FakeObject *addOutputs(const std::vector<FakeOutput> &outputs, const std::vector<coreIndicatorLinks> &links = {},
+    FakeObject *addOutputs(const std::vector<FakeOutput> &outputs,
+                           const std::vector<coreIndicatorLinks> &links = {},
                            const coreHorizontLine *levels = nullptr) {
         FakeIndicator kind;
         kind.name = kind.displayName = "IND";

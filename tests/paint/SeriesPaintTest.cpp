@@ -27,7 +27,8 @@ TEST(SeriesPaint, CandlesStandBetweenOpenAndCloseInTheirColours) {
         EXPECT_FALSE(isColor(picture, view.x(p), view.y(bar.high) - 1, color));
         EXPECT_FALSE(isColor(picture, view.x(p), view.y(bar.low) + 1, color));
         if (bottom - top > 2 && view.x(p) - edge > 1) {
-            EXPECT_EQ(isColor(picture, view.x(p) - 1, (top + bottom) / 2, color), !rising) << p; // hollow when rising
+            EXPECT_EQ(isColor(picture, view.x(p) - 1, (top + bottom) / 2, color), !rising)
+                << p; // hollow when rising
         }
         ++seen;
     }
@@ -58,7 +59,8 @@ TEST(SeriesPaint, CloseLinePassesThroughEveryClose) {
     const QImage picture = test.grab();
     const LayerView view = test.view();
     for (int p = 1; p < 40; ++p)
-        EXPECT_TRUE(isColor(picture, view.x(p), view.y(bars[static_cast<std::size_t>(p)].close), testFall)) << p;
+        EXPECT_TRUE(isColor(picture, view.x(p), view.y(bars[static_cast<std::size_t>(p)].close), testFall))
+            << p;
 }
 
 TEST(SeriesPaint, DotsOnCloseAreFilledInTheLineColour) {
@@ -102,7 +104,8 @@ TEST(SeriesPaint, TicksAreALine) {
     const LayerView view(chart);
     ASSERT_EQ(view.series()->m_type, PT_TICK_LINE);
     for (int p = std::max(1, view.firstPos() + 1); p < 50; ++p)
-        EXPECT_TRUE(isColor(picture, view.x(p), view.y(ticks[static_cast<std::size_t>(p)].value), testFall)) << p;
+        EXPECT_TRUE(isColor(picture, view.x(p), view.y(ticks[static_cast<std::size_t>(p)].value), testFall))
+            << p;
 }
 
 TEST(SeriesPaint, AtManyPositionsCandlesBecomeUprightStrokesFromHighToLow) {
@@ -173,7 +176,8 @@ TEST(SeriesPaint, SelectedFallingCandleIsDense) {
     const QImage picture = test.grab();
     const LayerView view = test.view();
     const int half = static_cast<int>(0.9 * view.step() * 0.5);
-    const QRect inside(QPoint(view.x(4) - half + 1, view.y(1.31) + 1), QPoint(view.x(4) - 1, view.y(1.29) - 1));
+    const QRect inside(QPoint(view.x(4) - half + 1, view.y(1.31) + 1),
+                       QPoint(view.x(4) - 1, view.y(1.29) - 1));
     const int inked = colorCount(picture, inside, testFall);
     EXPECT_GT(inked, inside.width() * inside.height() / 2);
     EXPECT_LT(inked, inside.width() * inside.height());
@@ -203,7 +207,8 @@ TEST(OutputPaint, LineGoesOverTheCandlesOfItsLayer) {
 
 TEST(OutputPaint, HistogramStandsOnItsBorderValue) {
     SeriesChart test(makeBars(60));
-    FakeObject *object = test.addOutputs({output("H", 4, 1, 3, [](int i) { return i % 2 ? 0.002f : -0.001f; })});
+    FakeObject *object =
+        test.addOutputs({output("H", 4, 1, 3, [](int i) { return i % 2 ? 0.002f : -0.001f; })});
     object->array().header()->typeShow.secondColor = 0xFF0000FF;
     object->array().header()->typeShow.borderValue = 0;
     test.host.update(object, 2);
@@ -215,7 +220,8 @@ TEST(OutputPaint, HistogramStandsOnItsBorderValue) {
         const double value = p % 2 ? 0.002 : -0.001;
         for (int y = std::min(view.y(value), view.y(0)); y <= std::max(view.y(value), view.y(0)); ++y)
             ASSERT_TRUE(isColor(picture, view.x(p), y, 0xFF0000FF)) << p << ' ' << y;
-        EXPECT_FALSE(isColor(picture, view.x(p), value > 0 ? view.y(value) - 1 : view.y(value) + 1, 0xFF0000FF));
+        EXPECT_FALSE(
+            isColor(picture, view.x(p), value > 0 ? view.y(value) - 1 : view.y(value) + 1, 0xFF0000FF));
     }
 }
 
@@ -227,7 +233,8 @@ TEST(OutputPaint, LevelsLieUnderTheSeriesAndZeroOver) {
     levels.color = 0xFF123456;
     levels.levels[0] = 0.001f;
     levels.levels[1] = 0.0f;
-    FakeObject *object = test.addOutputs({output("H", 4, 1, 3, [](int i) { return i % 2 ? 0.002f : -0.002f; })}, {}, &levels);
+    FakeObject *object =
+        test.addOutputs({output("H", 4, 1, 3, [](int i) { return i % 2 ? 0.002f : -0.002f; })}, {}, &levels);
     object->array().header()->typeShow.secondColor = 0xFF0000FF;
     object->array().header()->typeShow.borderValue = -0.002f;
     test.host.update(object, 2);
@@ -266,9 +273,9 @@ TEST(OutputPaint, FilledLinkTakesTheColourOfTheHigherLine) {
 
 TEST(OutputPaint, LinkWithoutFillIsAnUprightStrokeInEveryColumn) {
     SeriesChart test(makeBars(60));
-    FakeObject *object = test.addOutputs({output("A", 4, 0, 3, [](int) { return 2.0f; }),
-                                          output("B", 4, 0, 3, [](int) { return 1.5f; })},
-                                         {coreIndicatorLinks{0, 0, 1, 2, 1}});
+    FakeObject *object = test.addOutputs(
+        {output("A", 4, 0, 3, [](int) { return 2.0f; }), output("B", 4, 0, 3, [](int) { return 1.5f; })},
+        {coreIndicatorLinks{0, 0, 1, 2, 1}});
     object->array(1).header()->typeShow.secondColor = 0xFFFF8000;
     test.host.update(object, 2);
     test.showFrom(0, 60);

@@ -71,7 +71,8 @@ TEST_P(CandleHit, BodyExactlyAndWickWithinFivePixels) {
     test.grab();
     const LayerView view = test.view();
     const int half = static_cast<int>(0.45 * view.step());
-    const QPoint point(view.x(4) + static_cast<int>(GetParam().bodyWidths * half), view.y(GetParam().value) + GetParam().rows);
+    const QPoint point(view.x(4) + static_cast<int>(GetParam().bodyWidths * half),
+                       view.y(GetParam().value) + GetParam().rows);
     EXPECT_EQ(!tipAt(test, point).isEmpty(), GetParam().hit) << GetParam().what;
     EXPECT_EQ(test.series()->m_nHoverIndex, GetParam().hit ? 4 : -1) << GetParam().what;
 }
@@ -94,7 +95,8 @@ TEST(ToolTip, BarIsHitOnItsLineAndItsTicks) {
     const int tick = static_cast<int>(0.5 * view.step());
     EXPECT_FALSE(tipAt(test, QPoint(view.x(4), view.y(1.30))).isEmpty());
     EXPECT_FALSE(tipAt(test, QPoint(view.x(4) - tick + 2, view.y(1.31) + 3)).isEmpty()); // open, on the left
-    EXPECT_FALSE(tipAt(test, QPoint(view.x(4) + tick - 8, view.y(1.29) - 3)).isEmpty()); // close, on the right
+    EXPECT_FALSE(
+        tipAt(test, QPoint(view.x(4) + tick - 8, view.y(1.29) - 3)).isEmpty()); // close, on the right
     EXPECT_TRUE(tipAt(test, QPoint(view.x(4) - tick / 2, view.y(1.29))).isEmpty());
     EXPECT_TRUE(tipAt(test, QPoint(view.x(4) - tick / 2, view.y(1.30))).isEmpty());
 }
@@ -132,8 +134,9 @@ TEST(ToolTip, DotsAreHitInTheirSquare) {
     const LayerView view = test.view();
     const int radius = static_cast<int>(0.25 * view.step());
     EXPECT_FALSE(tipAt(test, QPoint(view.x(4), view.y(1.29))).isEmpty());
-    EXPECT_FALSE(tipAt(test, QPoint(view.x(4) - radius, view.y(1.29) - radius)).isEmpty()); // corner of the square
-    EXPECT_TRUE(tipAt(test, QPoint(view.x(4) - radius - 1, view.y(1.29))).isEmpty());       // and no tolerance
+    EXPECT_FALSE(
+        tipAt(test, QPoint(view.x(4) - radius, view.y(1.29) - radius)).isEmpty());    // corner of the square
+    EXPECT_TRUE(tipAt(test, QPoint(view.x(4) - radius - 1, view.y(1.29))).isEmpty()); // and no tolerance
 }
 
 TEST(ToolTip, WideCandleIsHitFromEdgeToEdge) {

@@ -29,7 +29,8 @@ TEST(LayerRange, HoldsWhatIsVisibleAndAMargin) {
     const float max = high + (high - low) * 0.02f;
     EXPECT_NEAR(view.layer->m_max, max, 1e-6);
     EXPECT_NEAR(view.layer->m_min, low - (max - low) * 0.02f, 1e-6); // of the grown range
-    EXPECT_FLOAT_EQ(view.layer->m_yScale, view.layer->m_rect.height() / (view.layer->m_max - view.layer->m_min));
+    EXPECT_FLOAT_EQ(view.layer->m_yScale,
+                    view.layer->m_rect.height() / (view.layer->m_max - view.layer->m_min));
     EXPECT_FLOAT_EQ(view.layer->m_candleStep, view.layer->m_rect.width() / 60.0f);
     EXPECT_EQ(view.layer->m_lastMax, view.layer->m_max);
     EXPECT_EQ(view.layer->m_lastMin, view.layer->m_min);
@@ -186,7 +187,8 @@ TEST(ValueScalePaint, TextsStandInBothScales) {
     const QImage picture = test.grab();
     const QRect plot = test.view().layer->m_rect;
     const CRGraphWidget *widget = test.chart.handle;
-    const QRect left(plot.left() - widget->m_nLeftScaleWidth, plot.top(), widget->m_nLeftScaleWidth - 4, plot.height());
+    const QRect left(plot.left() - widget->m_nLeftScaleWidth, plot.top(), widget->m_nLeftScaleWidth - 4,
+                     plot.height());
     const QRect right(plot.right() + 4, plot.top(), widget->m_nRightScaleWidth - 4, plot.height());
     EXPECT_GT(colorCount(picture, left, textColor), 100);
     EXPECT_GT(colorCount(picture, right, textColor), 100);
@@ -212,7 +214,8 @@ TEST(ValueScalePaint, SecondLayerTakesTheLeftScale) {
     EXPECT_GT(second.layer->m_max, 400);
     const CRGraphWidget *widget = test.chart.handle;
     const QRect plot = first.layer->m_rect;
-    const QRect left(plot.left() - widget->m_nLeftScaleWidth, plot.top(), widget->m_nLeftScaleWidth - 4, plot.height());
+    const QRect left(plot.left() - widget->m_nLeftScaleWidth, plot.top(), widget->m_nLeftScaleWidth - 4,
+                     plot.height());
     const QImage before = picture.copy(left);
     // The left scale follows the second layer: only its range changes it.
     second.layer->m_bDataScaleSelfTuning = false;
@@ -235,7 +238,8 @@ TEST(ValueScalePaint, AutoButtonStandsOnAFrozenScaleOnly) {
     ASSERT_FALSE(left.isEmpty());
     EXPECT_EQ(right.top(), layer->m_rect.top() + 1);
     EXPECT_EQ(right.left(), layer->m_rect.right() + widget->m_nRightScaleWidth - right.width() - 16);
-    EXPECT_EQ(left.topLeft(), QPoint(layer->m_rect.left() - widget->m_nLeftScaleWidth + 1, layer->m_rect.top() + 1));
+    EXPECT_EQ(left.topLeft(),
+              QPoint(layer->m_rect.left() - widget->m_nLeftScaleWidth + 1, layer->m_rect.top() + 1));
     QMetaObject::invokeMethod(layer, "OnSetAutoScalling");
     EXPECT_TRUE(layer->m_bDataScaleSelfTuning);
     test.grab();

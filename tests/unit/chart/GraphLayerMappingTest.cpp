@@ -29,11 +29,13 @@ TEST_P(Columns, CenterAndLeftEdge) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Mapping, Columns,
-                         testing::Values(ColumnCase{0, 600, 60, 0, 5, 0}, ColumnCase{0, 600, 60, 59, 595, 590},
-                                         ColumnCase{40, 600, 60, 1, 55, 50}, ColumnCase{0, 605, 60, 1, 15, 10},
-                                         ColumnCase{0, 605, 60, 59, 599, 594},   // 594.9 by integer division
-                                         ColumnCase{0, 600, 60, -3, -25, -30},   //
-                                         ColumnCase{0, 605, 60, -1, -4, -10},    // truncated towards zero
+                         testing::Values(ColumnCase{0, 600, 60, 0, 5, 0},
+                                         ColumnCase{0, 600, 60, 59, 595, 590},
+                                         ColumnCase{40, 600, 60, 1, 55, 50},
+                                         ColumnCase{0, 605, 60, 1, 15, 10},
+                                         ColumnCase{0, 605, 60, 59, 599, 594}, // 594.9 by integer division
+                                         ColumnCase{0, 600, 60, -3, -25, -30}, //
+                                         ColumnCase{0, 605, 60, -1, -4, -10},  // truncated towards zero
                                          ColumnCase{0, 1200, 5000, 4999, 1199, 1199},
                                          ColumnCase{0, 2560, 2000000, 1999999, 2559, 2559})); // past an int
 

@@ -1,5 +1,5 @@
-#include "chart/GraphLayer.h"
 #include "chart/HitTestGeometry.h"
+#include "chart/GraphLayer.h"
 
 #include <gtest/gtest.h>
 
@@ -50,13 +50,14 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     Upright, PtInLine,
-    testing::Values(LineCase{"on it", origin, {100, 200}, {100, 150}, 5, true},
-                    LineCase{"4 pixels beside", origin, {100, 200}, {104, 150}, 5, true},
-                    LineCase{"6 pixels beside", origin, {100, 200}, {107, 150}, 5, false},
-                    LineCase{"4 pixels above", origin, {100, 200}, {100, 96}, 5, true},
-                    LineCase{"7 pixels below", origin, {100, 200}, {100, 207}, 5, false},
-                    LineCase{"stored right before left: truly upright", {101, 100}, {100, 200}, {105, 150}, 5, true},
-                    LineCase{"and no further than the tolerance", {101, 100}, {100, 200}, {107, 150}, 5, false}));
+    testing::Values(
+        LineCase{"on it", origin, {100, 200}, {100, 150}, 5, true},
+        LineCase{"4 pixels beside", origin, {100, 200}, {104, 150}, 5, true},
+        LineCase{"6 pixels beside", origin, {100, 200}, {107, 150}, 5, false},
+        LineCase{"4 pixels above", origin, {100, 200}, {100, 96}, 5, true},
+        LineCase{"7 pixels below", origin, {100, 200}, {100, 207}, 5, false},
+        LineCase{"stored right before left: truly upright", {101, 100}, {100, 200}, {105, 150}, 5, true},
+        LineCase{"and no further than the tolerance", {101, 100}, {100, 200}, {107, 150}, 5, false}));
 
 INSTANTIATE_TEST_SUITE_P(
     Slanted, PtInLine, // from 100,100 to 201,201
@@ -79,12 +80,11 @@ TEST_P(PtInRect, IgnoresTheTolerance) {
         EXPECT_EQ(CRGraphLayer::PtInRect(GetParam().rect, GetParam().point, tolerance), GetParam().inside);
 }
 
-INSTANTIATE_TEST_SUITE_P(Rect, PtInRect,
-                         testing::Values(RectCase{{10, 10, 20, 20}, {10, 10}, true},
-                                         RectCase{{10, 10, 20, 20}, {29, 29}, true},
-                                         RectCase{{10, 10, 20, 20}, {30, 29}, false},
-                                         RectCase{{10, 10, 20, 20}, {9, 10}, false},
-                                         RectCase{QRect(QPoint(20, 30), QPoint(10, 10)), {15, 20}, true}, // normalised
-                                         RectCase{QRect(QPoint(20, 30), QPoint(10, 10)), {25, 20}, false}));
+INSTANTIATE_TEST_SUITE_P(
+    Rect, PtInRect,
+    testing::Values(RectCase{{10, 10, 20, 20}, {10, 10}, true}, RectCase{{10, 10, 20, 20}, {29, 29}, true},
+                    RectCase{{10, 10, 20, 20}, {30, 29}, false}, RectCase{{10, 10, 20, 20}, {9, 10}, false},
+                    RectCase{QRect(QPoint(20, 30), QPoint(10, 10)), {15, 20}, true}, // normalised
+                    RectCase{QRect(QPoint(20, 30), QPoint(10, 10)), {25, 20}, false}));
 
 } // namespace

@@ -20,12 +20,12 @@ TEST_P(Candle, WidthFollowsTheStep) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Geometry, Candle,
-                         testing::Values(CandleCase{1.0, true, 0, 0},    // 0.9
-                                         CandleCase{1.2, false, 1, 0},   // 1.08
-                                         CandleCase{3.4, false, 3, 1},   // 3.06
-                                         CandleCase{3.5, false, 2, 1},   // 3.15: one pixel to the neighbour
-                                         CandleCase{10, false, 8, 4},    // 9
-                                         CandleCase{20, false, 17, 9},   // 18
+                         testing::Values(CandleCase{1.0, true, 0, 0},  // 0.9
+                                         CandleCase{1.2, false, 1, 0}, // 1.08
+                                         CandleCase{3.4, false, 3, 1}, // 3.06
+                                         CandleCase{3.5, false, 2, 1}, // 3.15: one pixel to the neighbour
+                                         CandleCase{10, false, 8, 4},  // 9
+                                         CandleCase{20, false, 17, 9}, // 18
                                          CandleCase{100, false, 89, 45}));
 
 TEST(Geometry, BarsMergeBelowOnePixel) {
@@ -52,8 +52,9 @@ TEST_P(Dot, SizeFollowsTheStep) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Geometry, Dot,
-                         testing::Values(DotCase{0.5, 0, 0, true}, DotCase{3.9, 2, 0, true}, DotCase{4.0, 2, 1, false},
-                                         DotCase{10.0, 5, 2, false}, DotCase{21.0, 11, 5, false}));
+                         testing::Values(DotCase{0.5, 0, 0, true}, DotCase{3.9, 2, 0, true},
+                                         DotCase{4.0, 2, 1, false}, DotCase{10.0, 5, 2, false},
+                                         DotCase{21.0, 11, 5, false}));
 
 struct HistogramCase {
     const char *what;

@@ -39,16 +39,17 @@ TEST_P(DrawKind, NamesTheDrawType) {
     EXPECT_EQ(drawTypeOf(*array.header(), PT_PATTERN), GetParam().expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(Primitive, DrawKind,
-                         testing::Values(KindCase{1, 0, 'I', 60, PT_CANDLE}, KindCase{2, 0, 'I', 60, PT_BAR},
-                                         KindCase{3, 0, 'I', 60, PT_CLOSE_LINE}, KindCase{4, 0, 'I', 60, PT_LINE},
-                                         KindCase{4, 1, 'I', 60, PT_HISTOGRAM}, KindCase{4, 2, 'I', 60, PT_CLOSE_DOTS},
-                                         KindCase{4, 3, 'I', 60, PT_PATTERN}, // unchanged
-                                         KindCase{5, 0, 'D', 1, PT_WIDE_CANDLE}, KindCase{6, 0, 'D', 1, PT_MARKS},
-                                         KindCase{7, 0, 'D', 1, PT_CLOSE_DOTS}, KindCase{8, 0, 'D', 1, PT_DOTS},
-                                         KindCase{9, 0, 'D', 1, PT_PATTERN}, // unchanged
-                                         KindCase{10, 0, 'D', 1, PT_PATTERN}, KindCase{0, 0, 'D', 1, PT_PATTERN},
-                                         KindCase{1, 0, 'I', 0, PT_TICK_LINE}, KindCase{4, 1, 'I', 0, PT_TICK_LINE}));
+INSTANTIATE_TEST_SUITE_P(
+    Primitive, DrawKind,
+    testing::Values(KindCase{1, 0, 'I', 60, PT_CANDLE}, KindCase{2, 0, 'I', 60, PT_BAR},
+                    KindCase{3, 0, 'I', 60, PT_CLOSE_LINE}, KindCase{4, 0, 'I', 60, PT_LINE},
+                    KindCase{4, 1, 'I', 60, PT_HISTOGRAM}, KindCase{4, 2, 'I', 60, PT_CLOSE_DOTS},
+                    KindCase{4, 3, 'I', 60, PT_PATTERN}, // unchanged
+                    KindCase{5, 0, 'D', 1, PT_WIDE_CANDLE}, KindCase{6, 0, 'D', 1, PT_MARKS},
+                    KindCase{7, 0, 'D', 1, PT_CLOSE_DOTS}, KindCase{8, 0, 'D', 1, PT_DOTS},
+                    KindCase{9, 0, 'D', 1, PT_PATTERN}, // unchanged
+                    KindCase{10, 0, 'D', 1, PT_PATTERN}, KindCase{0, 0, 'D', 1, PT_PATTERN},
+                    KindCase{1, 0, 'I', 0, PT_TICK_LINE}, KindCase{4, 1, 'I', 0, PT_TICK_LINE}));
 
 TEST(PrimitiveTypes, OutsideOfTheTypesThereIsNoRow) {
     EXPECT_EQ(primitiveTypeRow(-1), nullptr);
@@ -82,7 +83,11 @@ class Range : public testing::TestWithParam<RangeCase> {};
 
 TEST_P(Range, FollowsTheFieldsOfTheType) {
     FakeArray array;
-    array.setFields({{DPT_LONG, "TIME"}, {DPT_FLOAT, "VALUE"}, {DPT_FLOAT, "HIGH"}, {DPT_FLOAT, "LOW"}, {DPT_FLOAT, "CLOSE"}});
+    array.setFields({{DPT_LONG, "TIME"},
+                     {DPT_FLOAT, "VALUE"},
+                     {DPT_FLOAT, "HIGH"},
+                     {DPT_FLOAT, "LOW"},
+                     {DPT_FLOAT, "CLOSE"}});
     const struct Point {
         int time;
         float value, high, low, close;
@@ -207,18 +212,21 @@ TEST_P(TimeStep, OfAPeriod) {
     EXPECT_EQ(count, GetParam().count);
 }
 
-INSTANTIATE_TEST_SUITE_P(Primitive, TimeStep,
-                         testing::Values(StepCase{'I', 0, 1, DT_MINUTE, 1}, // ticks: a second, and a minute
-                                         StepCase{'I', 1, 60, DT_MINUTE, 1}, StepCase{'I', 60, 3600, DT_MINUTE, 60},
-                                         StepCase{'D', 1, 86400, DT_DAY, 1}, StepCase{'D', 2, 86400, DT_DAY, 2},
-                                         StepCase{'D', 0, 86400, DT_DAY, 1}, StepCase{'W', 1, 604800, DT_WEEK, 1},
-                                         StepCase{'M', 1, 2592000, DT_MONTH, 1},
-                                         StepCase{'Y', 1, 31536000, DT_YEAR, 1}, StepCase{'X', 3, 1, DT_UNKNOWN, 3}));
+INSTANTIATE_TEST_SUITE_P(
+    Primitive, TimeStep,
+    testing::Values(StepCase{'I', 0, 1, DT_MINUTE, 1}, // ticks: a second, and a minute
+                    StepCase{'I', 1, 60, DT_MINUTE, 1}, StepCase{'I', 60, 3600, DT_MINUTE, 60},
+                    StepCase{'D', 1, 86400, DT_DAY, 1}, StepCase{'D', 2, 86400, DT_DAY, 2},
+                    StepCase{'D', 0, 86400, DT_DAY, 1}, StepCase{'W', 1, 604800, DT_WEEK, 1},
+                    StepCase{'M', 1, 2592000, DT_MONTH, 1}, StepCase{'Y', 1, 31536000, DT_YEAR, 1},
+                    StepCase{'X', 3, 1, DT_UNKNOWN, 3}));
 
 constexpr int hour = 3600;
 constexpr int start = 1000 * hour;
 
-std::vector<Bar> hours(int count) { return makeBars(count, start, hour); }
+std::vector<Bar> hours(int count) {
+    return makeBars(count, start, hour);
+}
 
 TEST_F(PrimitiveFixture, NearestIndexIsAtOrAfterTheTime) {
     EXPECT_EQ(primitive.GetTimeNearestIndex(5), 0);
@@ -236,7 +244,7 @@ TEST_F(PrimitiveFixture, TimeIndexCoversTheTime) {
     EXPECT_EQ(primitive.GetTimeIndex(start - 1), -1);
     EXPECT_EQ(primitive.GetTimeIndex(start), 0);
     EXPECT_EQ(primitive.GetTimeIndex(start + 10), 0);
-    EXPECT_EQ(primitive.GetTimeIndex(start + hour), 1); // the search begins here
+    EXPECT_EQ(primitive.GetTimeIndex(start + hour), 1);     // the search begins here
     EXPECT_EQ(primitive.GetTimeIndex(start + 2 * hour), 1); // and meets the one before first
     EXPECT_EQ(primitive.GetTimeIndex(start + 2 * hour + 1), 2);
     EXPECT_EQ(primitive.GetTimeIndex(start + 3 * hour), 2); // up to one step behind the last
@@ -485,7 +493,8 @@ TEST_F(PrimitiveFixture, CopySharesTheArrayAndLeavesTheStudies) {
 }
 
 TEST_F(PrimitiveFixture, StudiesStandInTheirOrder) {
-    CRLineStudy *studies[] = {fromWord<CRLineStudy>(0x10), fromWord<CRLineStudy>(0x20), fromWord<CRLineStudy>(0x30)};
+    CRLineStudy *studies[] = {fromWord<CRLineStudy>(0x10), fromWord<CRLineStudy>(0x20),
+                              fromWord<CRLineStudy>(0x30)};
     primitive.AddLineStudy(studies[0], -1);
     primitive.AddLineStudy(studies[1], -1);
     primitive.AddLineStudy(studies[2], 1);

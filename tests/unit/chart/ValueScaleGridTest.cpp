@@ -35,7 +35,8 @@ TEST_P(Grid, LandsOnThePixelsOfItsStrokes) {
         EXPECT_TRUE(stroked(true, GetParam(), scale) == stroked(false, GetParam(), scale)) << scale;
 }
 
-INSTANTIATE_TEST_SUITE_P(ValueScaleGrid, Grid, testing::Values(QRect(0, 0, 600, 200), QRect(100, 50, 300, 61)));
+INSTANTIATE_TEST_SUITE_P(ValueScaleGrid, Grid,
+                         testing::Values(QRect(0, 0, 600, 200), QRect(100, 50, 300, 61)));
 
 TEST(ValueScaleGrid, StrokesAreDotted) {
     const QImage image = stroked(true, QRect(0, 0, 600, 200), 1);

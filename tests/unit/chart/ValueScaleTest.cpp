@@ -110,15 +110,16 @@ class LabelDecimals : public testing::TestWithParam<LabelCase> {};
 
 TEST_P(LabelDecimals, FollowTheTick) {
     const ValueRange range{110.0f, 10.0f};
-    const std::vector<ValueLabel> labels = valueLabels(range, mappingOf(range, QRect(0, 0, 100, 300)), 15, GetParam().tick);
+    const std::vector<ValueLabel> labels =
+        valueLabels(range, mappingOf(range, QRect(0, 0, 100, 300)), 15, GetParam().tick);
     ASSERT_FALSE(labels.empty());
     EXPECT_EQ(labels.front().text, QString(GetParam().text));
 }
 
 INSTANTIATE_TEST_SUITE_P(ValueScale, LabelDecimals,
-                         testing::Values(LabelCase{1.0f, "20"}, LabelCase{0.1f, "20.0"}, LabelCase{0.01f, "20.00"},
-                                         LabelCase{0.001f, "20.000"}, LabelCase{0.0001f, "20.0000"},
-                                         LabelCase{0.00001f, "20.00000"}));
+                         testing::Values(LabelCase{1.0f, "20"}, LabelCase{0.1f, "20.0"},
+                                         LabelCase{0.01f, "20.00"}, LabelCase{0.001f, "20.000"},
+                                         LabelCase{0.0001f, "20.0000"}, LabelCase{0.00001f, "20.00000"}));
 
 TEST(ValueRangeTest, WidensInBothDirectionsAndIgnoresWhatIsNoNumber) {
     ValueRange range;
@@ -174,7 +175,8 @@ TEST_P(SpareRoom, IsKeptInSmallPlots) {
 
 INSTANTIATE_TEST_SUITE_P(ValueScale, SpareRoom,
                          testing::Values(HeightCase{500, 1.0f}, HeightCase{101, 1.0f}, HeightCase{100, 1.0f},
-                                         HeightCase{99, 0.998f}, HeightCase{50, 0.9f}, HeightCase{10, 0.82f}));
+                                         HeightCase{99, 0.998f}, HeightCase{50, 0.9f},
+                                         HeightCase{10, 0.82f}));
 
 TEST(SpareRoomTest, AnImpossibleRangeHasNoScale) {
     EXPECT_EQ(pixelsPerUnit({1.0f, 1.0f}, 300), 0.0f);
