@@ -102,8 +102,6 @@ void MainWindow::setServices(const WindowServices &services) {
         if (!m_quoteTimer.isActive())
             m_quoteTimer.start();
     });
-    connect(services.quotes, &QuoteBook::told, this, &MainWindow::tell);
-    connect(services.quotes, &QuoteBook::progressed, this, &MainWindow::progress);
     refreshSymbols();
     m_indicators->reload();
 }

@@ -118,4 +118,12 @@ TEST_F(CommandLine, AFeedOpensTheChartsOfItsSymbols) {
     EXPECT_FALSE(QImage(path("out.png")).isNull());
 }
 
+TEST_F(CommandLine, AFeedWithoutAQuoteShowsNothing) {
+    const Outcome outcome = run({"--feed", "-", "--screenshot", path("out.png")}, "garbage\nEUR/USD,now,abc,1\n");
+    EXPECT_EQ(outcome.code, 2);
+    EXPECT_EQ(outcome.error.count("Line 1 of the feed"), 1) << outcome.error.toStdString();
+    EXPECT_TRUE(outcome.error.contains("nothing to show")) << outcome.error.toStdString();
+    EXPECT_FALSE(QFile::exists(path("out.png")));
+}
+
 } // namespace
