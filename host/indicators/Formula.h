@@ -74,7 +74,7 @@ private:
 
 // The kinds of indicators that there are.
 struct FormulaKind {
-    const char *name;        // internal: one word
+    const char *name; // internal: one word
     const char *displayName;
     Category category;
     bool needsSource;

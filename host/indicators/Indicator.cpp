@@ -17,8 +17,8 @@ enum LineShow : int { ShowLine = 0, ShowHistogram = 1, ShowMarks = 3 };
 } // namespace
 
 Indicator::Indicator(IndicatorService &maker, const FormulaKind &kind)
-    : CalculatedObject(maker, maker.interfaceHandle()), m_service(maker), m_kind(kind), m_formula(kind.make()),
-      m_identity(zeroRecord<coreNameInstrument>()) {
+    : CalculatedObject(maker, maker.interfaceHandle()), m_service(maker), m_kind(kind),
+      m_formula(kind.make()), m_identity(zeroRecord<coreNameInstrument>()) {
     fillField(m_identity.m_szNameSymbol, QString::fromLatin1(kind.name));
     for (const LineSpec &spec : m_formula->lines()) {
         Output output;
@@ -84,7 +84,8 @@ void Indicator::setInputs(const std::vector<Input> &inputs, int level) {
 }
 
 bool Indicator::dependsOn(Handle object) const {
-    return std::any_of(m_inputs.begin(), m_inputs.end(), [object](const Input &input) { return input.object == object; });
+    return std::any_of(m_inputs.begin(), m_inputs.end(),
+                       [object](const Input &input) { return input.object == object; });
 }
 
 void Indicator::recompute() {

@@ -49,7 +49,8 @@ std::unique_ptr<Page> Indicator::page() const {
     group.name = text("Parameters");
     group.index = parameterGroup;
     for (const Parameter &parameter : m_formula->parameters()) {
-        PageItem item = itemOf(parameter.kind, parameterGroup, group.items.size() + 1, parameter.name, parameter.value);
+        PageItem item =
+            itemOf(parameter.kind, parameterGroup, group.items.size() + 1, parameter.name, parameter.value);
         item.minimum = parameter.minimum;
         item.maximum = parameter.maximum;
         item.digits = parameter.digits;
@@ -67,13 +68,15 @@ std::unique_ptr<Page> Indicator::page() const {
         PageGroup look;
         look.name = output.name;
         look.index = lookGroup + i;
-        look.items.append(itemOf(PageItem::Colour, look.index, ItemColour, text("Colour"), QColor(show.secondColor)));
+        look.items.append(
+            itemOf(PageItem::Colour, look.index, ItemColour, text("Colour"), QColor(show.secondColor)));
         PageItem weight = itemOf(PageItem::Int, look.index, ItemWeight, text("Line width"), show.weightPen);
         weight.minimum = 1;
         weight.maximum = widestPen;
         look.items.append(weight);
         PageItem pen = itemOf(PageItem::List, look.index, ItemPen, text("Pen"), int(show.penType) - 1);
-        pen.choices = QStringList{text("Solid"), text("Dashes"), text("Dots"), text("Dash, dot"), text("Dash, dot, dot")};
+        pen.choices = QStringList{text("Solid"), text("Dashes"), text("Dots"), text("Dash, dot"),
+                                  text("Dash, dot, dot")};
         look.items.append(pen);
         page->groups.append(look);
     }
@@ -110,7 +113,8 @@ bool Indicator::applyLook(const Page &page) {
         if (weight)
             show.weightPen = qBound(1, weight->value.toInt(), widestPen);
         if (pen)
-            show.penType = eCoreTypeShowPen(qBound(1, pen->value.toInt() + 1, int(eCoreTypeShowPenDashDotDot)));
+            show.penType =
+                eCoreTypeShowPen(qBound(1, pen->value.toInt() + 1, int(eCoreTypeShowPenDashDotDot)));
         changed = changed || std::memcmp(&before, &show, sizeof show) != 0;
     }
     return changed;

@@ -111,7 +111,8 @@ int IndicatorService::catalogue(int wParam) const {
 int IndicatorService::needsSource(int wParam, int lParam) const {
     if (!wParam)
         return 1;
-    const FormulaKind *kind = findFormulaKind(fieldText(fromWord<coreNameInstrument>(wParam)->m_szNameSymbol));
+    const FormulaKind *kind =
+        findFormulaKind(fieldText(fromWord<coreNameInstrument>(wParam)->m_szNameSymbol));
     if (!kind)
         return 1;
     answer(lParam, kind->needsSource ? 1 : 0);
@@ -141,8 +142,9 @@ void IndicatorService::create(coreDemandsIndicator &demand) {
     indicator->ownArrays();
     if (!kind->needsSource && !bindSeries(*indicator, usualPeriod)) {
         host().objects().remove(indicator->handle());
-        host().front().tell(Level::Warning, QStringLiteral("The indicator \"%1\" needs quotes of %2.")
-                                                .arg(name, kind->make()->symbols().join(QStringLiteral(" and "))));
+        host().front().tell(Level::Warning,
+                            QStringLiteral("The indicator \"%1\" needs quotes of %2.")
+                                .arg(name, kind->make()->symbols().join(QStringLiteral(" and "))));
         return;
     }
     m_indicators.erase(std::remove_if(m_indicators.begin(), m_indicators.end(),
@@ -262,7 +264,8 @@ std::vector<Handle> IndicatorService::sourceChanged(Handle source, int first) {
     if (first == 0) { // a chart has another period: what stands beside its instrument follows
         for (const std::weak_ptr<Indicator> &known : std::vector<std::weak_ptr<Indicator>>(m_indicators)) {
             const std::shared_ptr<Indicator> indicator = known.lock();
-            if (!indicator || indicator->kind().needsSource || !host().subscriptions().hasSubscriber(indicator->handle()) ||
+            if (!indicator || indicator->kind().needsSource ||
+                !host().subscriptions().hasSubscriber(indicator->handle()) ||
                 periodOf(indicator->period()) == chartPeriod(indicator->handle()))
                 continue;
             bindSeries(*indicator, chartPeriod(indicator->handle()));
@@ -281,7 +284,8 @@ void IndicatorService::updateDependents(Handle source, int first, std::vector<Ha
     }
 }
 
-void IndicatorService::updateDependent(Indicator &indicator, Handle source, int first, std::vector<Handle> &updated) {
+void IndicatorService::updateDependent(Indicator &indicator, Handle source, int first,
+                                       std::vector<Handle> &updated) {
     const Handle handle = indicator.handle();
     if (!isWanted(handle)) {
         letRest(indicator);

@@ -54,7 +54,8 @@ void OutputLine::addMark(int index, float high, float low, unsigned char sign, q
 
 int OutputLine::firstChanged(int index) const {
     if (m_style == LineStyle::Marks)
-        return int(std::lower_bound(m_markIndexes.begin(), m_markIndexes.end(), index) - m_markIndexes.begin());
+        return int(std::lower_bound(m_markIndexes.begin(), m_markIndexes.end(), index) -
+                   m_markIndexes.begin());
     return m_first < 0 ? 0 : std::max(0, index - std::max(0, m_shift) - m_first);
 }
 

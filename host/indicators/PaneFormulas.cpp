@@ -18,7 +18,9 @@ public:
     void reset() override {}
 
 protected:
-    static LevelLine levelsOf(int line, std::vector<float> levels) { return {line, 0xff909090, std::move(levels)}; }
+    static LevelLine levelsOf(int line, std::vector<float> levels) {
+        return {line, 0xff909090, std::move(levels)};
+    }
     static LineSpec line(const QString &name, quint32 colour, int precision = -1) {
         LineSpec spec;
         spec.name = name;
@@ -173,7 +175,8 @@ public:
             double range = source.high(i) - source.low(i);
             if (i > 0) {
                 const double before = source.close(i - 1);
-                range = std::max({range, std::fabs(source.high(i) - before), std::fabs(source.low(i) - before)});
+                range =
+                    std::max({range, std::fabs(source.high(i) - before), std::fabs(source.low(i) - before)});
             }
             lines[0]->add(m_average.add(range));
         }
@@ -228,7 +231,8 @@ public:
         const Price price = Price(intOf(m_price));
         const int length = intOf(m_length);
         for (int i = from; i < sources[0].count(); ++i)
-            lines[0]->add(i < length ? none : 100 * sources[0].price(i, price) / sources[0].price(i - length, price));
+            lines[0]->add(
+                i < length ? none : 100 * sources[0].price(i, price) / sources[0].price(i - length, price));
     }
     LevelLine levels() const override { return levelsOf(1, {100}); }
 

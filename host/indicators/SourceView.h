@@ -28,7 +28,8 @@ public:
     int indexOf(qint32 time) const;
 
 private:
-    template <class Field> Field read(int index, int offset) const {
+    template <class Field>
+    Field read(int index, int offset) const {
         Field value;
         std::memcpy(&value, point(index) + offset, sizeof value);
         return value;

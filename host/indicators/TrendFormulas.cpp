@@ -1,6 +1,6 @@
 // Averages, clouds, dots and channels over the price.
-#include "host/indicators/Formulas.h"
 #include "host/indicators/Average.h"
+#include "host/indicators/Formulas.h"
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -70,7 +70,8 @@ public:
     }
     std::vector<LineSpec> lines() const override {
         std::vector<LineSpec> lines(5);
-        const char *const names[] = {"Tenkan-sen", "Kijun-sen", "Senkou span A", "Senkou span B", "Chikou span"};
+        const char *const names[] = {"Tenkan-sen", "Kijun-sen", "Senkou span A", "Senkou span B",
+                                     "Chikou span"};
         const quint32 colours[] = {0xffc03030, 0xff3050b0, 0xffb5dcbd, 0xfff0cdb2, 0xff808080};
         for (size_t i = 0; i < lines.size(); ++i) {
             lines[i].name = QStringLiteral("Ichimoku ") + QLatin1String(names[i]);
@@ -144,10 +145,13 @@ private:
 
     State next(const SourceView &source, int i) const {
         State state = m_states.back();
-        const double stop = double(state.stop) + double(state.speed) * (double(state.extreme) - double(state.stop));
+        const double stop =
+            double(state.stop) + double(state.speed) * (double(state.extreme) - double(state.stop));
         // The stop keeps out of the two bars before.
-        state.stop = float(state.rising ? std::min(stop, lowest(source, i - 1, 2)) : std::max(stop, highest(source, i - 1, 2)));
-        const bool broken = state.rising ? source.low(i) < double(state.stop) : source.high(i) > double(state.stop);
+        state.stop = float(state.rising ? std::min(stop, lowest(source, i - 1, 2))
+                                        : std::max(stop, highest(source, i - 1, 2)));
+        const bool broken =
+            state.rising ? source.low(i) < double(state.stop) : source.high(i) > double(state.stop);
         if (broken) {
             state.rising = !state.rising;
             state.stop = state.extreme;
@@ -253,8 +257,8 @@ private:
     int m_length, m_middle;
 };
 
-// A bar whose high stands above the two before it and is not reached by the two behind it, or whose low does so
-// downwards. Of equal bars in a row the first one counts.
+// A bar whose high stands above the two before it and is not reached by the two behind it, or whose low does
+// so downwards. Of equal bars in a row the first one counts.
 class Fractals : public Formula {
 public:
     std::vector<LineSpec> lines() const override {
@@ -274,8 +278,10 @@ public:
             bool top = true;
             bool bottom = true;
             for (int away = 1; away <= wing; ++away) {
-                top = top && source.high(i) > source.high(i - away) && source.high(i) >= source.high(i + away);
-                bottom = bottom && source.low(i) < source.low(i - away) && source.low(i) <= source.low(i + away);
+                top =
+                    top && source.high(i) > source.high(i - away) && source.high(i) >= source.high(i + away);
+                bottom =
+                    bottom && source.low(i) < source.low(i - away) && source.low(i) <= source.low(i + away);
             }
             if (top || bottom)
                 lines[0]->addMark(i, float(source.high(i)), float(source.low(i)),

@@ -49,8 +49,8 @@ std::optional<Side> sideOf(const QString &type) {
 }
 
 Candle::Candle(CandleService &maker, QuoteBook &book, const QString &symbol, Side side, Period period)
-    : CalculatedObject(maker, maker.interfaceHandle()), m_service(maker), m_book(book), m_symbol(symbol), m_side(side),
-      m_period(period.normalised()), m_window{firstWindow, INT_MAX}, m_header(candleLayout()) {
+    : CalculatedObject(maker, maker.interfaceHandle()), m_service(maker), m_book(book), m_symbol(symbol),
+      m_side(side), m_period(period.normalised()), m_window{firstWindow, INT_MAX}, m_header(candleLayout()) {
     coreTypeShow &show = m_header.record()->typeShow;
     show.firstColor = riseColour;
     show.secondColor = fallColour;
@@ -178,7 +178,8 @@ std::unique_ptr<Page> Candle::page() const {
     PageGroup look;
     look.name = QObject::tr("Look");
     look.index = lookGroup;
-    const auto add = [&look](PageItem::Kind kind, Item index, const QString &name, const QVariant &value) -> PageItem & {
+    const auto add = [&look](PageItem::Kind kind, Item index, const QString &name,
+                             const QVariant &value) -> PageItem & {
         PageItem item;
         item.kind = kind;
         item.group = lookGroup;
@@ -190,8 +191,9 @@ std::unique_ptr<Page> Candle::page() const {
     };
     add(PageItem::Colour, ItemRise, QObject::tr("Rising"), QColor(show.firstColor));
     add(PageItem::Colour, ItemFall, QObject::tr("Falling"), QColor(show.secondColor));
-    PageItem &kind = add(PageItem::List, ItemDrawKind, QObject::tr("Drawn as"),
-                         int(std::find(std::begin(drawKinds), std::end(drawKinds), show.drawKind) - drawKinds));
+    PageItem &kind =
+        add(PageItem::List, ItemDrawKind, QObject::tr("Drawn as"),
+            int(std::find(std::begin(drawKinds), std::end(drawKinds), show.drawKind) - drawKinds));
     kind.choices = QStringList{QObject::tr("Candles"), QObject::tr("Bars"), QObject::tr("Line"),
                                QObject::tr("Wide candles"), QObject::tr("Dots")};
     PageItem &weight = add(PageItem::Int, ItemWeight, QObject::tr("Line width"), show.weightPen);

@@ -15,8 +15,8 @@ std::optional<Side> sideOf(const QString &type); // "Bid", "Ask", "Middle"
 // What a quote did to a series.
 enum class QuoteEffect { None, LastChanged, Appended };
 
-// One price series: a symbol at a period, of one data type. It holds a window of the newest history that grows
-// to the left on request.
+// One price series: a symbol at a period, of one data type. It holds a window of the newest history that
+// grows to the left on request.
 class Candle : public CalculatedObject {
 public:
     static constexpr size_t firstWindow = 5000;

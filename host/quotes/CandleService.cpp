@@ -22,13 +22,16 @@ SourceWatcher::~SourceWatcher() = default;
 CandleService::CandleService(Host &host, QuoteBook &book)
     : Service(host), m_book(book), m_interface(registerInterface("CANDLE", "VELMAR", "CANDLE_VELMAR")) {
     take(m_interface, {ToHost::OlderData, ToHost::SymbolDisplayName});
-    QObject::connect(&book, &QuoteBook::quoted, &m_context, [this](const QString &symbol) { quoted(symbol); });
+    QObject::connect(&book, &QuoteBook::quoted, &m_context,
+                     [this](const QString &symbol) { quoted(symbol); });
     QObject::connect(&book, &QuoteBook::historyChanged, &m_context,
                      [this](const QString &symbol) { historyChanged(symbol); });
-    QObject::connect(&book, &QuoteBook::told, &m_context,
-                     [this](Level level, const QString &sentence) { this->host().front().tell(level, sentence); });
-    QObject::connect(&book, &QuoteBook::progressed, &m_context,
-                     [this](const QString &what, int percent) { this->host().front().progress(what, percent); });
+    QObject::connect(&book, &QuoteBook::told, &m_context, [this](Level level, const QString &sentence) {
+        this->host().front().tell(level, sentence);
+    });
+    QObject::connect(&book, &QuoteBook::progressed, &m_context, [this](const QString &what, int percent) {
+        this->host().front().progress(what, percent);
+    });
 }
 
 bool CandleService::handle(Handle, unsigned message, int wParam, int lParam, int &result) {
@@ -102,9 +105,10 @@ std::shared_ptr<Candle> CandleService::series(const QString &symbol, Side side, 
     m_candles.push_back(candle);
     const std::optional<Period> finest = history->finest();
     if (candle->count() == 0 && finest && finest->seconds() > period.seconds())
-        host().front().tell(Level::Message,
-                            QStringLiteral("%1 has no quotes finer than %2: its series of %3 begins with the next quote.")
-                                .arg(name, finest->longName(), period.longName()));
+        host().front().tell(
+            Level::Message,
+            QStringLiteral("%1 has no quotes finer than %2: its series of %3 begins with the next quote.")
+                .arg(name, finest->longName(), period.longName()));
     return candle;
 }
 
@@ -115,15 +119,17 @@ void CandleService::create(coreDemandsIndicator &demand) {
     const Period period = periodOf(demand.sNameInstrument.m_periods);
     demand.handle = nullptr;
     if (!side || !period.isValid()) {
-        host().front().tell(Level::Warning, QStringLiteral("There is no series of %1 of type \"%2\" and period %3 %4.")
-                                                .arg(symbol, fieldText(demand.sNameInstrument.m_szType))
-                                                .arg(QLatin1Char(period.unit))
-                                                .arg(period.length));
+        host().front().tell(Level::Warning,
+                            QStringLiteral("There is no series of %1 of type \"%2\" and period %3 %4.")
+                                .arg(symbol, fieldText(demand.sNameInstrument.m_szType))
+                                .arg(QLatin1Char(period.unit))
+                                .arg(period.length));
         return;
     }
     const std::shared_ptr<Candle> candle = series(symbol, *side, period, demand.nSzNumber);
     if (!candle) {
-        host().front().tell(Level::Warning, QStringLiteral("There are no quotes of a symbol \"%1\".").arg(symbol));
+        host().front().tell(Level::Warning,
+                            QStringLiteral("There are no quotes of a symbol \"%1\".").arg(symbol));
         return;
     }
     demand.handle = fromWord<void>(candle->handle());
@@ -161,7 +167,8 @@ int CandleService::loadOlder(Handle object, int seconds) {
     const size_t before = candle->count();
     candle->loadOlder(seconds);
     if (candle->count() == before)
-        host().front().tell(Level::Message, QStringLiteral("There are no older quotes of %1.").arg(candle->symbol()));
+        host().front().tell(Level::Message,
+                            QStringLiteral("There are no older quotes of %1.").arg(candle->symbol()));
     announce(*candle, 0, arraysRebuilt);
     return 0;
 }

@@ -15,8 +15,8 @@ class QuoteBook;
 class SourceWatcher {
 public:
     virtual ~SourceWatcher();
-    // Points from `first` on are new or changed; 0 after a rebuild. Brings all that is built on the object up to
-    // date and answers it, sources before their dependents.
+    // Points from `first` on are new or changed; 0 after a rebuild. Brings all that is built on the object up
+    // to date and answers it, sources before their dependents.
     virtual std::vector<Handle> sourceChanged(Handle source, int first) = 0;
 };
 

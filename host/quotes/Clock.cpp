@@ -37,7 +37,9 @@ std::optional<Clock> Clock::fromText(const QString &text) {
             return std::nullopt;
         clock.m_offset = match.captured(1) == QLatin1String("-") ? -seconds : seconds;
         const QString summer = match.captured(4).toLower();
-        clock.m_summer = summer == QLatin1String("eu") ? Europe : summer == QLatin1String("us") ? America : None;
+        clock.m_summer = summer == QLatin1String("eu")   ? Europe
+                         : summer == QLatin1String("us") ? America
+                                                         : None;
         return clock;
     }
     if (!given.contains(QLatin1Char('/')))

@@ -16,8 +16,8 @@ QString textOf(Piece piece) {
 bool isSymbol(Piece piece) {
     return !piece.isEmpty() && piece.size() <= mostSymbolLetters &&
            std::all_of(piece.begin, piece.end, [](char c) {
-               return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '/' ||
-                      c == '.' || c == '_' || c == '-';
+               return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
+                      c == '/' || c == '.' || c == '_' || c == '-';
            });
 }
 

@@ -21,7 +21,8 @@ QuoteFile QuoteFile::fromArgument(const QString &argument) {
 QString QuoteFile::optionsText() const {
     QStringList parts{symbol};
     parts << (clock ? clock->name() : QString()) << (digits ? QString::number(*digits) : QString())
-          << (date ? date->toString(Qt::ISODate) : QString()) << (side ? QString::number(int(*side)) : QString());
+          << (date ? date->toString(Qt::ISODate) : QString())
+          << (side ? QString::number(int(*side)) : QString());
     return parts.join(QLatin1Char('|'));
 }
 
@@ -33,7 +34,8 @@ QString FileForm::describe() const {
     QStringList parts{symbol};
     QString what;
     if (ticks) {
-        what = has(Column::Price) ? QStringLiteral("ticks of one price") : QStringLiteral("bid and ask ticks");
+        what =
+            has(Column::Price) ? QStringLiteral("ticks of one price") : QStringLiteral("bid and ask ticks");
     } else {
         what = QStringLiteral("bars of ") + (barSeconds > 0 && barSeconds < 60
                                                  ? QStringLiteral("%1 seconds").arg(barSeconds)
@@ -41,8 +43,9 @@ QString FileForm::describe() const {
         if (hasAskBars())
             what += QStringLiteral(", bid and ask");
         else if (side)
-            what += *side == Side::Bid ? QStringLiteral(", bid") : *side == Side::Ask ? QStringLiteral(", ask")
-                                                                                      : QStringLiteral(", middle");
+            what += *side == Side::Bid   ? QStringLiteral(", bid")
+                    : *side == Side::Ask ? QStringLiteral(", ask")
+                                         : QStringLiteral(", middle");
     }
     if (has(Column::Volume))
         what += QStringLiteral(" with volume");
@@ -61,15 +64,18 @@ QString FileForm::describe() const {
         parts << QStringLiteral("newest first");
     QString times = timeFormName(timeForm);
     if (timeForm == TimeForm::MillisecondsOfDay)
-        times += QStringLiteral(" of %1").arg(QDate(1970, 1, 1).addDays(dayMs / 86400000).toString(Qt::ISODate));
+        times +=
+            QStringLiteral(" of %1").arg(QDate(1970, 1, 1).addDays(dayMs / 86400000).toString(Qt::ISODate));
     if (dateOnly)
         times += QStringLiteral(" without time");
     if (zoned)
         times += QStringLiteral(" with their zone");
     else
-        times += (clockGiven ? QStringLiteral(" by the clock of ") : QStringLiteral(" taken as ")) + clock.name();
+        times +=
+            (clockGiven ? QStringLiteral(" by the clock of ") : QStringLiteral(" taken as ")) + clock.name();
     parts << QStringLiteral("times ") + times;
-    parts << (points ? QStringLiteral("prices in points of %1 digits") : QStringLiteral("prices with %1 digits"))
+    parts << (points ? QStringLiteral("prices in points of %1 digits")
+                     : QStringLiteral("prices with %1 digits"))
                  .arg(digits);
     return parts.join(QStringLiteral("; "));
 }
@@ -128,7 +134,8 @@ int splitLine(Piece line, char separator, Piece *fields, int room) {
 
 bool isIdleLine(Piece line) {
     line = trimmed(line);
-    return line.isEmpty() || *line.begin == '#' || (line.size() >= 2 && line.begin[0] == '/' && line.begin[1] == '/');
+    return line.isEmpty() || *line.begin == '#' ||
+           (line.size() >= 2 && line.begin[0] == '/' && line.begin[1] == '/');
 }
 
 } // namespace desk

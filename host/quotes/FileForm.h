@@ -59,8 +59,8 @@ struct FileForm {
     bool zoned = false; // the times carry their zone
     qint64 dayMs = 0;   // midnight for times that count from it
     bool ticks = false;
-    Period period; // of bars
-    int barSeconds = 0; // distance of the bars; differs from the period for bars shorter than a minute
+    Period period;            // of bars
+    int barSeconds = 0;       // distance of the bars; differs from the period for bars shorter than a minute
     std::optional<Side> side; // of single prices, when it is known
     bool points = false;      // prices are whole numbers of the last digit
     int digits = 5;
@@ -74,8 +74,8 @@ struct FileForm {
     QString describe() const; // one line, without the file's name
 };
 
-// Cuts a line into its fields, without the blanks and quotes around them; answers how many there are, of which
-// at most `room` are stored.
+// Cuts a line into its fields, without the blanks and quotes around them; answers how many there are, of
+// which at most `room` are stored.
 int splitLine(Piece line, char separator, Piece *fields, int room);
 Piece trimmed(Piece text);
 // Empty line, or a comment.

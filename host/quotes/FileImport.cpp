@@ -48,7 +48,8 @@ QByteArray hashOf(QFile &file) {
 // One run over one file.
 class Run {
 public:
-    Run(QuoteStore &store, const FileImport::Progress &progress, const QuoteFile &quotes, ImportReport &report)
+    Run(QuoteStore &store, const FileImport::Progress &progress, const QuoteFile &quotes,
+        ImportReport &report)
         : m_store(store), m_progress(progress), m_quotes(quotes), m_report(report), m_info(quotes.path),
           m_file(quotes.path) {}
     void start();
@@ -202,7 +203,8 @@ void Run::readLines() {
         }
         ++m_report.lines;
         if (reader.isCut()) {
-            leaveOut(reader.lineNumber(), QStringLiteral("it is longer than %1 bytes").arg(LineReader::longestLine));
+            leaveOut(reader.lineNumber(),
+                     QStringLiteral("it is longer than %1 bytes").arg(LineReader::longestLine));
             continue;
         }
         parser.setLastTime(m_heldLine != 0 ? m_held.timeMs : m_lastMs);
@@ -267,13 +269,15 @@ void Run::start() {
     }
     if (!m_store.commit())
         return refuse(QStringLiteral("the store refused its quotes (%1)").arg(m_store.lastError()));
-    m_report.summary = QStringLiteral("%1: %2 quotes of %3 imported, %4 lines left out.")
-                           .arg(m_quotes.path, counted(m_report.points), m_form.symbol, counted(m_report.leftOut));
+    m_report.summary =
+        QStringLiteral("%1: %2 quotes of %3 imported, %4 lines left out.")
+            .arg(m_quotes.path, counted(m_report.points), m_form.symbol, counted(m_report.leftOut));
 }
 
 } // namespace
 
-FileImport::FileImport(QuoteStore &store, Progress progress) : m_store(store), m_progress(std::move(progress)) {}
+FileImport::FileImport(QuoteStore &store, Progress progress)
+    : m_store(store), m_progress(std::move(progress)) {}
 
 ImportReport FileImport::run(const QuoteFile &file) {
     ImportReport report;

@@ -1,4 +1,5 @@
 #include "host/quotes/FormFinder.h"
+#include "host/quotes/FormSample.h"
 #include "host/quotes/HeaderNames.h"
 #include "host/quotes/SymbolNames.h"
 #include <QFileInfo>
@@ -11,156 +12,6 @@
 namespace desk {
 
 namespace {
-
-constexpr int mostColumns = 64;
-
-Piece pieceOf(const QByteArray &text) {
-    return {text.constData(), text.constData() + text.size()};
-}
-
-// A table of the first lines, cut into fields.
-class Sample {
-public:
-    Sample(const QByteArrayList &lines, char separator) : m_separator(separator) {
-        for (const QByteArray &line : lines) {
-            std::vector<Piece> fields(mostColumns);
-            const int count = splitLine(pieceOf(line), separator, fields.data(), mostColumns);
-            fields.resize(size_t(std::min(count, mostColumns)));
-            m_rows.push_back(std::move(fields));
-        }
-        std::map<size_t, int> counts; // of the rows that the separator cuts at all
-        for (const auto &row : m_rows) {
-            if (row.size() < 2)
-                continue;
-            ++counts[row.size()];
-            ++m_cut;
-        }
-        for (const auto &[width, count] : counts) {
-            if (count > m_matching) {
-                m_matching = count;
-                m_width = width;
-            }
-        }
-    }
-
-    char separator() const { return m_separator; }
-    int width() const { return int(m_width); }
-    bool isTable() const { return m_width >= 2 && m_matching * 10 >= m_cut * 6; }
-    const std::vector<Piece> &front() const { return m_rows.front(); }
-    void dropFront() { m_rows.erase(m_rows.begin()); }
-    void keepMatching() {
-        m_rows.erase(std::remove_if(m_rows.begin(), m_rows.end(),
-                                    [this](const auto &row) { return row.size() != m_width; }),
-                     m_rows.end());
-    }
-    const std::vector<std::vector<Piece>> &rows() const { return m_rows; }
-    std::vector<Piece> column(int index) const {
-        std::vector<Piece> fields;
-        for (const auto &row : m_rows)
-            fields.push_back(row[size_t(index)]);
-        return fields;
-    }
-
-private:
-    char m_separator;
-    std::vector<std::vector<Piece>> m_rows;
-    size_t m_width = 0;
-    int m_matching = 0;
-    int m_cut = 0;
-};
-
-// Six in ten fields satisfy the test: some lines may be broken.
-template <class Test> bool mostly(const std::vector<Piece> &fields, Test test) {
-    const auto passed = std::count_if(fields.begin(), fields.end(), test);
-    return !fields.empty() && passed * 10 >= std::ptrdiff_t(fields.size()) * 6;
-}
-
-bool isDigits(Piece text) {
-    return !text.isEmpty() && std::all_of(text.begin, text.end, [](char c) { return c >= '0' && c <= '9'; });
-}
-
-struct TimeColumn {
-    bool found = false;
-    TimeForm form = TimeForm::YearFirst;
-    bool dateOnly = false;
-    bool zoned = false;
-};
-
-qint64 orderOf(const std::vector<Piece> &fields, TimeForm form) {
-    qint64 order = 0;
-    qint64 last = 0;
-    bool first = true;
-    for (const Piece &field : fields) {
-        TimeReading reading;
-        if (!readTime(field, form, reading))
-            continue;
-        if (!first)
-            order += reading.ms > last ? 1 : reading.ms < last ? -1 : 0;
-        last = reading.ms;
-        first = false;
-    }
-    return order;
-}
-
-TimeColumn findTime(const std::vector<Piece> &fields) {
-    TimeColumn time;
-    const auto reads = [&fields](TimeForm form) {
-        return mostly(fields, [form](Piece field) {
-            TimeReading reading;
-            return readTime(field, form, reading);
-        });
-    };
-    const auto take = [&](TimeForm form) {
-        time.found = true;
-        time.form = form;
-        TimeReading reading;
-        time.dateOnly = time.zoned = true;
-        for (const Piece &field : fields) {
-            if (readTime(field, form, reading)) {
-                time.dateOnly = time.dateOnly && reading.dateOnly;
-                time.zoned = time.zoned && reading.hasZone;
-            }
-        }
-        return time;
-    };
-    const bool yearFirst = mostly(fields, [](Piece field) {
-        return field.size() >= 6 && isDigits({field.begin, field.begin + 4}) &&
-               (!isDigits({field.begin, field.begin + 6}) || isDigits({field.begin, field.begin + std::min(8, field.size())}));
-    });
-    if (yearFirst && reads(TimeForm::YearFirst))
-        return take(TimeForm::YearFirst);
-    const bool dayFirst = reads(TimeForm::DayFirst);
-    const bool monthFirst = reads(TimeForm::MonthFirst);
-    if (!yearFirst && (dayFirst || monthFirst)) {
-        if (dayFirst != monthFirst)
-            return take(dayFirst ? TimeForm::DayFirst : TimeForm::MonthFirst);
-        const qint64 dayOrder = std::abs(orderOf(fields, TimeForm::DayFirst));
-        const qint64 monthOrder = std::abs(orderOf(fields, TimeForm::MonthFirst));
-        if (dayOrder != monthOrder)
-            return take(dayOrder > monthOrder ? TimeForm::DayFirst : TimeForm::MonthFirst);
-        const Piece first = fields.front();
-        const bool slash = std::find(first.begin, first.end, '/') != first.end;
-        return take(slash ? TimeForm::MonthFirst : TimeForm::DayFirst);
-    }
-    const auto magnitude = [&fields](int least, int most) {
-        return mostly(fields, [least, most](Piece field) {
-            const char *point = std::find(field.begin, field.end, '.');
-            const Piece whole{field.begin, point};
-            return isDigits(whole) && whole.size() >= least && whole.size() <= most;
-        });
-    };
-    if (magnitude(9, 10) && reads(TimeForm::EpochSeconds))
-        return take(TimeForm::EpochSeconds);
-    if (magnitude(12, 13) && reads(TimeForm::EpochMilliseconds))
-        return take(TimeForm::EpochMilliseconds);
-    if (magnitude(15, 16) && reads(TimeForm::EpochMicroseconds))
-        return take(TimeForm::EpochMicroseconds);
-    if (magnitude(18, 19) && reads(TimeForm::EpochNanoseconds))
-        return take(TimeForm::EpochNanoseconds);
-    if (magnitude(1, 8) && reads(TimeForm::MillisecondsOfDay))
-        return take(TimeForm::MillisecondsOfDay);
-    return time;
-}
 
 class Finder {
 public:
@@ -188,14 +39,14 @@ private:
 
     const QuoteFile &m_file;
     FileForm &m_form;
-    std::vector<Sample> m_sample; // one, once the separator is known
-    QStringList m_names;          // of the header
-    std::vector<qint64> m_times;  // of the sample's rows, in ms
+    std::vector<FormSample> m_sample; // one, once the separator is known
+    QStringList m_names;              // of the header
+    std::vector<qint64> m_times;      // of the sample's rows, in ms
 };
 
 bool Finder::chooseSeparator(const QByteArrayList &lines) {
     for (const char separator : {'\t', ';', ',', ' '}) {
-        Sample sample(lines, separator);
+        FormSample sample(lines, separator);
         if (sample.isTable()) {
             m_form.separator = separator;
             m_sample.push_back(std::move(sample));
@@ -231,7 +82,8 @@ bool Finder::alike(int first, int second) const {
     const std::vector<double> b = numbers(second);
     size_t near = 0;
     for (size_t row = 0; row < a.size(); ++row)
-        near += a[row] > 0 && b[row] > 0 && std::fabs(a[row] - b[row]) <= 0.2 * std::max(a[row], b[row]) ? 1 : 0;
+        near +=
+            a[row] > 0 && b[row] > 0 && std::fabs(a[row] - b[row]) <= 0.2 * std::max(a[row], b[row]) ? 1 : 0;
     return near * 10 >= a.size() * 8;
 }
 
@@ -242,7 +94,7 @@ int Finder::columnOf(Column what) const {
 
 // A header is a first line without a single number or time in it.
 void Finder::chooseHeader() {
-    Sample &sample = m_sample[0];
+    FormSample &sample = m_sample[0];
     const std::vector<Piece> &first = sample.front();
     bool letters = false;
     for (const Piece &field : first) {
@@ -283,7 +135,7 @@ void Finder::chooseDecimalMark() {
 
 // The time: one column, or a date and a time of day.
 bool Finder::findTimes() {
-    Sample &sample = m_sample[0];
+    FormSample &sample = m_sample[0];
     m_form.columns.assign(size_t(sample.width()), Column::Other);
     TimeColumn count; // a plain count may be any number: a calendar time goes before it
     int countColumn = -1;
@@ -304,11 +156,11 @@ bool Finder::findTimes() {
         m_form.columns[size_t(column)] = Column::Time;
         if (time.dateOnly) {
             for (const int next : {column + 1, column - 1}) {
-                if (next < 0 || next >= sample.width() ||
-                    !mostly(sample.column(next), [](Piece field) {
+                if (next < 0 || next >= sample.width() || !mostly(sample.column(next), [](Piece field) {
                         qint64 ms = 0;
                         return field.size() >= 4 && readTimeOfDay(field, ms) &&
-                               (!isDigits(field) || field.size() == 6 || field.size() == 9 || field.size() == 4);
+                               (!isDigits(field) || field.size() == 6 || field.size() == 9 ||
+                                field.size() == 4);
                     }))
                     continue;
                 m_form.columns[size_t(column)] = Column::Date;
@@ -517,11 +369,13 @@ void Finder::choosePeriod() {
     }
     if (m_form.ticks)
         return;
-    static const QRegularExpression named(QStringLiteral("(?<![A-Za-z0-9])(MN1|M[1-9]\\d?|H[1-9]\\d?|D1|W1|Y1)(?![A-Za-z0-9])"),
-                                          QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression named(
+        QStringLiteral("(?<![A-Za-z0-9])(MN1|M[1-9]\\d?|H[1-9]\\d?|D1|W1|Y1)(?![A-Za-z0-9])"),
+        QRegularExpression::CaseInsensitiveOption);
     if (usual > 0) {
         m_form.period = barPeriod(usual);
-    } else if (const auto period = Period::fromName(named.match(QFileInfo(m_file.path).completeBaseName()).captured(1))) {
+    } else if (const auto period =
+                   Period::fromName(named.match(QFileInfo(m_file.path).completeBaseName()).captured(1))) {
         m_form.period = *period;
         usual = period->seconds();
     } else {
@@ -534,7 +388,8 @@ void Finder::choosePeriod() {
 // Prices written in points are whole numbers, give or take what binary numbers leave; a pair of currencies
 // never costs thousands, so that is how they are told from prices.
 void Finder::chooseDigits() {
-    int column = columnOf(m_form.ticks ? (m_form.has(Column::Price) ? Column::Price : Column::Bid) : Column::Close);
+    int column =
+        columnOf(m_form.ticks ? (m_form.has(Column::Price) ? Column::Price : Column::Bid) : Column::Close);
     const std::vector<double> values = numbers(column);
     size_t whole = 0;
     size_t known = 0;
@@ -567,7 +422,8 @@ QString Finder::find(const QByteArrayList &lines) {
         return QStringLiteral("it is empty");
     if (!chooseSeparator(lines))
         return QStringLiteral("no columns were found in its lines");
-    m_form.quoted = std::any_of(lines.begin(), lines.end(), [](const QByteArray &line) { return line.contains('"'); });
+    m_form.quoted =
+        std::any_of(lines.begin(), lines.end(), [](const QByteArray &line) { return line.contains('"'); });
     chooseHeader();
     m_sample[0].keepMatching();
     if (m_sample[0].rows().empty())

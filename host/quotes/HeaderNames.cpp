@@ -32,7 +32,8 @@ Name nameOf(const QString &text) {
 }
 
 bool isOneOf(const QString &text, std::initializer_list<const char *> words) {
-    return std::any_of(words.begin(), words.end(), [&text](const char *word) { return text == QLatin1String(word); });
+    return std::any_of(words.begin(), words.end(),
+                       [&text](const char *word) { return text == QLatin1String(word); });
 }
 
 Column barColumn(const QString &rest) {
@@ -79,7 +80,8 @@ bool namePrices(const QStringList &names, std::vector<Column> &columns, std::opt
             set(place, name.ask ? Column::Ask : Column::Bid);
         } else if (isOneOf(name.rest, {"price", "rate", "mid", "middle", "last", "value"})) {
             set(place, Column::Price);
-        } else if (isOneOf(name.rest, {"symbol", "ticker", "instrument", "pair", "currencypair", "ccypair"})) {
+        } else if (isOneOf(name.rest,
+                           {"symbol", "ticker", "instrument", "pair", "currencypair", "ccypair"})) {
             set(place, Column::Symbol);
         }
     }

@@ -176,11 +176,13 @@ void LineFeed::takeLine(Piece line) {
 void LineFeed::skip(const QString &reason) {
     ++m_skipped;
     if (m_skipped <= mostReported)
-        emit m_book.told(Level::Warning, QStringLiteral("Line %1 of the feed %2 is skipped: %3.")
-                                             .arg(m_lines)
-                                             .arg(m_name, reason));
+        emit m_book.told(
+            Level::Warning,
+            QStringLiteral("Line %1 of the feed %2 is skipped: %3.").arg(m_lines).arg(m_name, reason));
     if (m_skipped == mostReported)
-        emit m_book.told(Level::Warning, QStringLiteral("Further lines of the feed %1 are skipped without a word.").arg(m_name));
+        emit m_book.told(
+            Level::Warning,
+            QStringLiteral("Further lines of the feed %1 are skipped without a word.").arg(m_name));
 }
 
 } // namespace desk

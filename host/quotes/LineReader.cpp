@@ -50,7 +50,9 @@ bool LineReader::fill() {
             m_width = LittleEndian;
         else if (size >= 2 && std::memcmp(bytes, "\xfe\xff", 2) == 0)
             m_width = BigEndian;
-        const int mark = m_width != Bytes ? 2 : size >= 3 && std::memcmp(bytes, "\xef\xbb\xbf", 3) == 0 ? 3 : 0;
+        const int mark = m_width != Bytes                                          ? 2
+                         : size >= 3 && std::memcmp(bytes, "\xef\xbb\xbf", 3) == 0 ? 3
+                                                                                   : 0;
         bytes += mark;
         size -= mark;
     }
@@ -76,14 +78,15 @@ bool LineReader::next(Piece &line) {
     for (;;) {
         const size_t left = m_text.size() - m_from;
         const char *begin = m_text.data() + m_from;
-        const void *found = left > searched ? std::memchr(begin + searched, m_lineEnd, left - searched) : nullptr;
+        const void *found =
+            left > searched ? std::memchr(begin + searched, m_lineEnd, left - searched) : nullptr;
         if (found) {
             line = {begin, static_cast<const char *>(found)};
             m_from += size_t(line.size()) + 1;
             break;
         }
         searched = left;
-        if (left > size_t(longestLine)) { // only its beginning is of use
+        if (left > size_t(longestLine)) {                     // only its beginning is of use
             if (std::memchr(begin, 0, size_t(longestLine))) { // and this is no text: its end may be far away
                 line = {begin, begin + longestLine};
                 m_from += size_t(longestLine);

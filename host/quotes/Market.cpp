@@ -57,9 +57,10 @@ void Market::open() {
         makeHistory(m_walks.back(), m_quotedMs);
     }
     if (!m_walks.empty())
-        emit m_book.told(Level::Message, QStringLiteral("The built-in market makes sample quotes of %1 pairs; they are "
-                                                        "not real.")
-                                             .arg(m_walks.size()));
+        emit m_book.told(Level::Message,
+                         QStringLiteral("The built-in market makes sample quotes of %1 pairs; they are "
+                                        "not real.")
+                             .arg(m_walks.size()));
 }
 
 void Market::start() {
@@ -93,8 +94,8 @@ void Market::makeHistory(PriceWalk &walk, qint64 untilMs) {
             const Bar bid = walk.bar(qint32(ms / 1000), qint32(seconds), stretch.samples);
             const float spread = float(walk.spread(ms));
             bids.push_back(bid);
-            asks.push_back({bid.time, bid.open + spread, bid.high + spread, bid.low + spread, bid.close + spread,
-                            bid.volume});
+            asks.push_back({bid.time, bid.open + spread, bid.high + spread, bid.low + spread,
+                            bid.close + spread, bid.volume});
         }
         history.addMade(Side::Bid, stretch.period, std::move(bids));
         history.addMade(Side::Ask, stretch.period, std::move(asks));

@@ -10,8 +10,8 @@ namespace desk {
 
 class QuoteBook;
 
-// The built-in market: sample quotes of four pairs, so that a first start shows something alive. They are made,
-// not real; a symbol with quotes of its own is left alone.
+// The built-in market: sample quotes of four pairs, so that a first start shows something alive. They are
+// made, not real; a symbol with quotes of its own is left alone.
 class Market : public QObject {
     Q_OBJECT
 
@@ -20,8 +20,8 @@ public:
 
     explicit Market(QuoteBook &book, quint32 seed = 1, Now now = {}, QObject *parent = nullptr);
 
-    // Makes the symbols and their history up to now. At a weekend the market's clock stands whole days back, so
-    // that there is trade to be seen.
+    // Makes the symbols and their history up to now. At a weekend the market's clock stands whole days back,
+    // so that there is trade to be seen.
     void open();
     void start(); // quotes from now on
     qint64 time() const;

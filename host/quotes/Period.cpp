@@ -43,6 +43,11 @@ qint32 firstDayOf(int year, int month) {
     return era * 146097 + int(dayOfEra) - 719468;
 }
 
+// The time of a midnight; the last one that 32 bits hold for all later ones.
+qint32 midnight(qint32 day) {
+    return qint32(std::min<qint64>(qint64(day) * daySeconds, 2147483647));
+}
+
 QString counted(int count, const char *one, const char *many) {
     return QStringLiteral("%1 %2").arg(count).arg(QLatin1String(count == 1 ? one : many));
 }
@@ -157,7 +162,7 @@ qint32 BarCutter::start(qint32 time) const {
         const int place = weekday(day);
         day += place == 5 ? -1 : place == 6 ? 1 : 0;
     }
-    return fromDay(day) * daySeconds;
+    return midnight(fromDay(day));
 }
 
 qint32 BarCutter::next(qint32 time) const {
@@ -166,13 +171,11 @@ qint32 BarCutter::next(qint32 time) const {
     const qint32 from = start(time);
     if (m_period.unit == 'I') {
         const qint32 step = m_period.length * 60;
-        qint32 after = from + step;
+        qint32 after = qint32(std::min<qint64>(qint64(from) + step, 2147483647));
         if (step < daySeconds)
-            after = std::min(after, (floorDiv(from, daySeconds) + 1) * daySeconds);
+            after = std::min(after, midnight(floorDiv(from, daySeconds) + 1));
         const qint32 day = floorDiv(after, daySeconds);
-        if (!m_weekends && weekday(day) == 5)
-            after = (day + 2) * daySeconds;
-        return after;
+        return !m_weekends && weekday(day) == 5 ? midnight(day + 2) : after;
     }
     const qint32 count = std::max(1, m_period.length);
     const qint32 day = floorDiv(from, daySeconds);
@@ -181,17 +184,17 @@ qint32 BarCutter::next(qint32 time) const {
         qint32 after = day + count;
         while (!m_weekends && weekday(after) >= 5)
             ++after;
-        return after * daySeconds;
+        return midnight(after);
     }
     case 'W':
-        return (day + 7 * count) * daySeconds;
+        return midnight(day + 7 * count);
     case 'M': {
         const Date date = civil(day);
         const int month = date.year * 12 + date.month - 1 + count;
-        return firstDayOf(month / 12, month % 12 + 1) * daySeconds;
+        return midnight(firstDayOf(month / 12, month % 12 + 1));
     }
     default:
-        return firstDayOf(civil(day).year + count, 1) * daySeconds;
+        return midnight(firstDayOf(civil(day).year + count, 1));
     }
 }
 

@@ -4,7 +4,8 @@
 
 namespace desk {
 
-// Length of a series' bars. Units: 'I' minutes (length 0 = ticks), 'D' days, 'W' weeks, 'M' months, 'Y' years.
+// Length of a series' bars. Units: 'I' minutes (length 0 = ticks), 'D' days, 'W' weeks, 'M' months, 'Y'
+// years.
 struct Period {
     char unit = 'I';
     int length = 0;
@@ -25,8 +26,8 @@ struct Period {
     static std::optional<Period> fromName(const QString &name);
 };
 
-// Cuts time into the bars of a period. In a market that rests at weekends the few quotes around them belong to
-// the trading days beside: Saturday's to Friday, Sunday's to Monday. So a weekend makes no daily bar.
+// Cuts time into the bars of a period. In a market that rests at weekends the few quotes around them belong
+// to the trading days beside: Saturday's to Friday, Sunday's to Monday. So a weekend makes no daily bar.
 class BarCutter {
 public:
     explicit BarCutter(Period period, bool tradesAtWeekends = false);

@@ -6,8 +6,9 @@ namespace {
 
 constexpr Word widths[] = {1, 2, 4, 8, 4, 8, 0};
 
-template <size_t Count> PointLayout layoutOf(coreFieldDescriptor (&fields)[Count], const char *const (&names)[Count],
-                                             const DATA_POINT_TYPES (&types)[Count]) {
+template <size_t Count>
+PointLayout layoutOf(coreFieldDescriptor (&fields)[Count], const char *const (&names)[Count],
+                     const DATA_POINT_TYPES (&types)[Count]) {
     Word size = 0;
     for (size_t i = 0; i < Count; ++i) {
         fields[i].type = types[i];

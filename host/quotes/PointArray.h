@@ -38,7 +38,8 @@ private:
 };
 
 // An array of points that grows at its end at a cost that does not depend on its length.
-template <class Point> class PointArray : public ArrayHeader {
+template <class Point>
+class PointArray : public ArrayHeader {
 public:
     explicit PointArray(const PointLayout &layout) : ArrayHeader(layout) {}
 

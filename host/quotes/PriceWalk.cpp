@@ -39,7 +39,8 @@ quint32 mixed(quint32 value) {
 
 double hashed(quint32 seed, quint32 kind, qint64 place) { // 0 to 1
     const quint32 high = quint32(quint64(place) >> 32);
-    return double(mixed(mixed(seed * 0x9e3779b9U + kind) ^ quint32(place) ^ (high * 0x27d4eb2fU))) / 4294967296.0;
+    return double(mixed(mixed(seed * 0x9e3779b9U + kind) ^ quint32(place) ^ (high * 0x27d4eb2fU))) /
+           4294967296.0;
 }
 
 } // namespace
@@ -57,7 +58,8 @@ PriceWalk::PriceWalk(const PairData &pair, quint32 seed) : m_pair(pair), m_seed(
     }
 }
 
-// Seconds of trade since 1970, counted fast in busy hours. The market rests from Friday 22:00 to Sunday 22:00.
+// Seconds of trade since 1970, counted fast in busy hours. The market rests from Friday 22:00 to Sunday
+// 22:00.
 double PriceWalk::busyTime(qint64 timeMs) {
     static const BusyHours hours;
     // Weeks are counted from a Sunday at 22:00: 1970-01-04.
@@ -88,7 +90,7 @@ double PriceWalk::price(qint64 timeMs) {
     double burst = 1;
     if (isBurst(timeMs)) { // swells and ebbs within its ten minutes
         const double share = double(secondsOf(timeMs) % burstSeconds) / double(burstSeconds);
-        burst = 1 + 3 * std::sin(share * 3.14159265358979);
+        burst = 1 + 1.5 * std::sin(share * 3.14159265358979);
     }
     double sum = 0;
     for (quint32 i = 0; i < quint32(waves); ++i) {
@@ -129,7 +131,8 @@ std::optional<Tick> PriceWalk::quoteIn(qint64 quarter) {
 
 Bar PriceWalk::bar(qint32 time, qint32 seconds, int samples) {
     const auto at = [this, time, seconds, samples](int i) {
-        const qint64 ms = qint64(time) * 1000 + qint64(double(seconds) * 1000 * i / samples) - (i == samples ? 1 : 0);
+        const qint64 ms =
+            qint64(time) * 1000 + qint64(double(seconds) * 1000 * i / samples) - (i == samples ? 1 : 0);
         return float(rounded(price(ms)));
     };
     Bar bar{time, at(0), 0, 0, at(samples), 0};

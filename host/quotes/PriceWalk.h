@@ -15,9 +15,9 @@ struct PairData {
     int digits;
 };
 
-// The price of one made pair as a function of time alone: noise of many wave lengths over a clock that runs fast
-// in busy hours, slowly in quiet ones and not at all at weekends. The same seed and time always give the same
-// price, so that history and the quotes of the day belong together at every start.
+// The price of one made pair as a function of time alone: noise of many wave lengths over a clock that runs
+// fast in busy hours, slowly in quiet ones and not at all at weekends. The same seed and time always give the
+// same price, so that history and the quotes of the day belong together at every start.
 class PriceWalk {
 public:
     PriceWalk(const PairData &pair, quint32 seed);

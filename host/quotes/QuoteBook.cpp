@@ -150,7 +150,8 @@ void QuoteBook::storeKeptQuotes() {
         if (done && m_store.commit())
             history->liveStored();
         else
-            emit told(Level::Warning, QStringLiteral("Quotes of %1 could not be kept: %2.").arg(symbol, m_store.lastError()));
+            emit told(Level::Warning,
+                      QStringLiteral("Quotes of %1 could not be kept: %2.").arg(symbol, m_store.lastError()));
     }
 }
 

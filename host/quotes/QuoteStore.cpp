@@ -18,11 +18,13 @@ QString connectionName() {
     return QStringLiteral("quotes%1").arg(++last);
 }
 
-template <class Point> QByteArray bytesOf(const Point *points, int count) {
+template <class Point>
+QByteArray bytesOf(const Point *points, int count) {
     return QByteArray(reinterpret_cast<const char *>(points), int(sizeof(Point)) * count);
 }
 
-template <class Point> std::vector<Point> pointsOf(const QByteArray &bytes) {
+template <class Point>
+std::vector<Point> pointsOf(const QByteArray &bytes) {
     std::vector<Point> points(size_t(bytes.size()) / sizeof(Point));
     if (!points.empty())
         std::memcpy(static_cast<void *>(points.data()), bytes.constData(), points.size() * sizeof(Point));
@@ -61,7 +63,8 @@ QString QuoteStore::open(const QString &path) {
 QString QuoteStore::openFile(const QString &path) {
     const bool inMemory = path == QLatin1String(":memory:");
     if (!inMemory && !QDir().mkpath(QFileInfo(path).absolutePath()))
-        return QStringLiteral("The folder of %1 cannot be made; quotes are kept only until the end.").arg(path);
+        return QStringLiteral("The folder of %1 cannot be made; quotes are kept only until the end.")
+            .arg(path);
     m_database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connection);
     m_database.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=2000"));
     m_database.setDatabaseName(path);
@@ -72,8 +75,9 @@ QString QuoteStore::openFile(const QString &path) {
         run(QStringLiteral("PRAGMA journal_mode=WAL"));
     run(QStringLiteral("PRAGMA synchronous=NORMAL"));
     if (!makeTables())
-        return QStringLiteral("%1 is no store of quotes that this version can use (%2); quotes are kept only until "
-                              "the end.")
+        return QStringLiteral(
+                   "%1 is no store of quotes that this version can use (%2); quotes are kept only until "
+                   "the end.")
             .arg(path, m_error);
     return QString();
 }
@@ -94,11 +98,14 @@ bool QuoteStore::makeTables() {
     }
     static const char *const statements[] = {
         "CREATE TABLE IF NOT EXISTS symbols (name TEXT PRIMARY KEY, digits INTEGER, weekends INTEGER)",
-        "CREATE TABLE IF NOT EXISTS files (id INTEGER PRIMARY KEY AUTOINCREMENT, path TEXT UNIQUE, symbol TEXT, "
-        "options TEXT, form TEXT, hash BLOB, size INTEGER, modified INTEGER, points INTEGER, left_out INTEGER)",
+        "CREATE TABLE IF NOT EXISTS files (id INTEGER PRIMARY KEY AUTOINCREMENT, path TEXT UNIQUE, symbol "
+        "TEXT, "
+        "options TEXT, form TEXT, hash BLOB, size INTEGER, modified INTEGER, points INTEGER, left_out "
+        "INTEGER)",
         "CREATE TABLE IF NOT EXISTS series (id INTEGER PRIMARY KEY, file INTEGER, symbol TEXT, side INTEGER, "
         "unit TEXT, length INTEGER, derived INTEGER)",
-        "CREATE TABLE IF NOT EXISTS chunks (id INTEGER PRIMARY KEY, series INTEGER, first INTEGER, last INTEGER, "
+        "CREATE TABLE IF NOT EXISTS chunks (id INTEGER PRIMARY KEY, series INTEGER, first INTEGER, last "
+        "INTEGER, "
         "count INTEGER, data BLOB)",
         "CREATE INDEX IF NOT EXISTS chunks_of_series ON chunks (series, first)",
         "CREATE INDEX IF NOT EXISTS series_of_symbol ON series (symbol)",
@@ -149,12 +156,13 @@ bool QuoteStore::saveSymbol(const SymbolInfo &symbol) {
 
 namespace {
 
-const char fileColumns[] = "SELECT id, path, symbol, options, form, hash, size, modified, points, left_out FROM files";
+const char fileColumns[] =
+    "SELECT id, path, symbol, options, form, hash, size, modified, points, left_out FROM files";
 
 SourceFile fileOf(const QSqlQuery &query) {
-    return {query.value(0).toLongLong(), query.value(1).toString(),     query.value(2).toString(),
-            query.value(3).toString(),   query.value(4).toString(),     query.value(5).toByteArray(),
-            query.value(6).toLongLong(), query.value(7).toLongLong(),   query.value(8).toLongLong(),
+    return {query.value(0).toLongLong(), query.value(1).toString(),   query.value(2).toString(),
+            query.value(3).toString(),   query.value(4).toString(),   query.value(5).toByteArray(),
+            query.value(6).toLongLong(), query.value(7).toLongLong(), query.value(8).toLongLong(),
             query.value(9).toLongLong()};
 }
 
@@ -197,7 +205,8 @@ std::vector<StoredSeries> QuoteStore::series(const QString &symbol) const {
 std::vector<StoredChunk> QuoteStore::chunks(qint64 series) const {
     std::vector<StoredChunk> result;
     QSqlQuery query(m_database);
-    query.prepare(QStringLiteral("SELECT id, first, last, count FROM chunks WHERE series = ? ORDER BY first, id"));
+    query.prepare(
+        QStringLiteral("SELECT id, first, last, count FROM chunks WHERE series = ? ORDER BY first, id"));
     query.addBindValue(series);
     query.exec();
     while (query.next())
@@ -242,10 +251,11 @@ void QuoteStore::rollback() {
 
 bool QuoteStore::addFile(SourceFile &file) {
     QSqlQuery query(m_database);
-    query.prepare(QStringLiteral("INSERT INTO files (path, symbol, options, form, hash, size, modified, points, "
-                                 "left_out) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)"));
-    for (const QVariant &value : QVariantList{file.path, file.symbol, file.options, file.form, file.hash, file.size,
-                                              file.modifiedMs, file.points, file.leftOut})
+    query.prepare(
+        QStringLiteral("INSERT INTO files (path, symbol, options, form, hash, size, modified, points, "
+                       "left_out) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)"));
+    for (const QVariant &value : QVariantList{file.path, file.symbol, file.options, file.form, file.hash,
+                                              file.size, file.modifiedMs, file.points, file.leftOut})
         query.addBindValue(value);
     if (!query.exec()) {
         m_error = query.lastError().databaseText();
@@ -256,25 +266,28 @@ bool QuoteStore::addFile(SourceFile &file) {
 }
 
 bool QuoteStore::updateFile(const SourceFile &file) {
-    return run(QStringLiteral("UPDATE files SET symbol = ?, options = ?, form = ?, hash = ?, size = ?, modified = ?, "
-                              "points = ?, left_out = ? WHERE id = ?"),
-               {file.symbol, file.options, file.form, file.hash, file.size, file.modifiedMs, file.points, file.leftOut,
-                file.id});
+    return run(QStringLiteral(
+                   "UPDATE files SET symbol = ?, options = ?, form = ?, hash = ?, size = ?, modified = ?, "
+                   "points = ?, left_out = ? WHERE id = ?"),
+               {file.symbol, file.options, file.form, file.hash, file.size, file.modifiedMs, file.points,
+                file.leftOut, file.id});
 }
 
 bool QuoteStore::removeFile(qint64 file) {
-    return run(QStringLiteral("DELETE FROM chunks WHERE series IN (SELECT id FROM series WHERE file = ?)"), {file}) &&
+    return run(QStringLiteral("DELETE FROM chunks WHERE series IN (SELECT id FROM series WHERE file = ?)"),
+               {file}) &&
            run(QStringLiteral("DELETE FROM series WHERE file = ?"), {file}) &&
            run(QStringLiteral("DELETE FROM files WHERE id = ?"), {file});
 }
 
 bool QuoteStore::addSeries(StoredSeries &series) {
     QSqlQuery query(m_database);
-    query.prepare(QStringLiteral("INSERT INTO series (file, symbol, side, unit, length, derived) VALUES (?, ?, ?, ?, "
-                                 "?, ?)"));
-    for (const QVariant &value : QVariantList{series.file, series.symbol, int(series.side),
-                                              QString(QLatin1Char(series.period.unit)), series.period.length,
-                                              int(series.derived)})
+    query.prepare(
+        QStringLiteral("INSERT INTO series (file, symbol, side, unit, length, derived) VALUES (?, ?, ?, ?, "
+                       "?, ?)"));
+    for (const QVariant &value :
+         QVariantList{series.file, series.symbol, int(series.side), QString(QLatin1Char(series.period.unit)),
+                      series.period.length, int(series.derived)})
         query.addBindValue(value);
     if (!query.exec()) {
         m_error = query.lastError().databaseText();

@@ -3,8 +3,8 @@
 #include "host/quotes/Quote.h"
 #include <QByteArray>
 #include <QSqlDatabase>
-#include <QVariant>
 #include <QString>
+#include <QVariant>
 #include <optional>
 #include <vector>
 
@@ -36,7 +36,7 @@ struct StoredSeries {
     qint64 file = 0;
     QString symbol;
     Side side = Side::Bid;
-    Period period;       // ticks: "I" 0
+    Period period;        // ticks: "I" 0
     bool derived = false; // put together from ticks: gives way to bars of a file
 };
 
@@ -58,8 +58,8 @@ public:
     QuoteStore(const QuoteStore &) = delete;
     QuoteStore &operator=(const QuoteStore &) = delete;
 
-    // Opens or makes the file; an empty name keeps everything in memory. The answer is empty, or a sentence that
-    // says why it could not be opened: the store is then in memory.
+    // Opens or makes the file; an empty name keeps everything in memory. The answer is empty, or a sentence
+    // that says why it could not be opened: the store is then in memory.
     QString open(const QString &path);
     bool isOpen() const { return m_database.isOpen(); }
     QString lastError() const { return m_error; }
@@ -81,7 +81,7 @@ public:
     void rollback();
     bool addFile(SourceFile &file); // sets its id
     bool updateFile(const SourceFile &file);
-    bool removeFile(qint64 file); // with its series
+    bool removeFile(qint64 file);         // with its series
     bool addSeries(StoredSeries &series); // sets its id
     bool addBars(qint64 series, const Bar *bars, int count);
     bool addTicks(qint64 series, const Tick *ticks, int count);

@@ -31,7 +31,8 @@ QString Replay::open(const QuoteFile &file) {
     if (!info.exists())
         return refusal(QStringLiteral("there is no such file"));
     if (!info.isFile())
-        return refusal(info.isDir() ? QStringLiteral("it is a folder") : QStringLiteral("it is no ordinary file"));
+        return refusal(info.isDir() ? QStringLiteral("it is a folder")
+                                    : QStringLiteral("it is no ordinary file"));
     m_file.setFileName(file.path);
     if (!m_file.open(QIODevice::ReadOnly))
         return refusal(QStringLiteral("it cannot be read (%1)").arg(m_file.errorString()));
@@ -77,7 +78,8 @@ bool Replay::readOn() {
             continue;
         }
         m_parser->setLastTime(m_lastMs);
-        const bool good = !m_reader->isCut() && !m_reader->isBinary() && m_parser->parse(line, quote).isEmpty();
+        const bool good =
+            !m_reader->isCut() && !m_reader->isBinary() && m_parser->parse(line, quote).isEmpty();
         if (!good || quote.timeMs < m_lastMs || (!m_form.ticks && quote.timeMs == m_lastMs)) {
             ++m_skipped;
             continue;
@@ -93,8 +95,10 @@ bool Replay::readOn() {
         const qint64 step = std::max<qint64>(1, qint64(m_form.barSeconds) * 1000 / 4);
         const float volume = bid.volume / 4;
         m_queue.push_back({quote.timeMs, bid.open, ask.open, volume});
-        m_queue.push_back({quote.timeMs + step, rising ? bid.low : bid.high, rising ? ask.low : ask.high, volume});
-        m_queue.push_back({quote.timeMs + 2 * step, rising ? bid.high : bid.low, rising ? ask.high : ask.low, volume});
+        m_queue.push_back(
+            {quote.timeMs + step, rising ? bid.low : bid.high, rising ? ask.low : ask.high, volume});
+        m_queue.push_back(
+            {quote.timeMs + 2 * step, rising ? bid.high : bid.low, rising ? ask.high : ask.low, volume});
         m_queue.push_back({quote.timeMs + 4 * step - 1, bid.close, ask.close, volume});
         return true;
     }
@@ -112,11 +116,12 @@ bool Replay::advance(qint64 ms) {
     for (;;) {
         if (m_queue.empty() && !readOn()) {
             m_timer.stop();
-            emit m_book.told(Level::Message, QStringLiteral("The replay of %1 has ended after %2 quotes; %3 lines were "
-                                                            "skipped.")
-                                                 .arg(QFileInfo(m_file.fileName()).fileName())
-                                                 .arg(m_quotes)
-                                                 .arg(m_skipped));
+            emit m_book.told(Level::Message,
+                             QStringLiteral("The replay of %1 has ended after %2 quotes; %3 lines were "
+                                            "skipped.")
+                                 .arg(QFileInfo(m_file.fileName()).fileName())
+                                 .arg(m_quotes)
+                                 .arg(m_skipped));
             emit ended();
             return false;
         }

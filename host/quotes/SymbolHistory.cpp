@@ -17,8 +17,9 @@ void keepNewest(std::vector<Point> &points, const HistoryWindow &window, qint32 
     if (points.size() <= window.count)
         return;
     auto first = points.end() - std::ptrdiff_t(window.count);
-    first = std::min(first, std::lower_bound(points.begin(), points.end(), window.from,
-                                             [timeOf](const auto &point, qint32 time) { return timeOf(point) < time; }));
+    first = std::min(
+        first, std::lower_bound(points.begin(), points.end(), window.from,
+                                [timeOf](const auto &point, qint32 time) { return timeOf(point) < time; }));
     points.erase(points.begin(), first);
 }
 
@@ -33,13 +34,15 @@ qint32 tickTime(const Tick &tick) {
 } // namespace
 
 SymbolHistory::SymbolHistory(const QuoteStore &store, const SymbolInfo &info)
-    : m_store(store), m_info(info), m_liveBid(minute, true), m_liveAsk(minute, true), m_liveMiddle(minute, true) {
+    : m_store(store), m_info(info), m_liveBid(minute, true), m_liveAsk(minute, true),
+      m_liveMiddle(minute, true) {
     reload();
 }
 
 void SymbolHistory::reload() {
-    m_sources.erase(std::remove_if(m_sources.begin(), m_sources.end(), [](const Source &source) { return !source.made; }),
-                    m_sources.end());
+    m_sources.erase(
+        std::remove_if(m_sources.begin(), m_sources.end(), [](const Source &source) { return !source.made; }),
+        m_sources.end());
     for (const StoredSeries &series : m_store.series(m_info.name)) {
         Source source{series, m_store.chunks(series.id), nullptr};
         if (!source.chunks.empty())
@@ -102,7 +105,8 @@ void SymbolHistory::findLast() {
     if (known.empty() || (m_last && m_last->timeSec() >= known.back().time))
         return;
     const bool both = !bid.empty() && !ask.empty() && bid.back().time == ask.back().time;
-    m_last = Tick{known.back().time * 1000LL, known.back().close, both ? ask.back().close : known.back().close, 0};
+    m_last =
+        Tick{known.back().time * 1000LL, known.back().close, both ? ask.back().close : known.back().close, 0};
 }
 
 bool SymbolHistory::add(const Tick &tick) {
@@ -133,8 +137,10 @@ std::vector<Bar> SymbolHistory::rangeOf(const Source &source, qint32 from, qint3
         if (!overlaps(chunk, from, to))
             continue;
         const auto take = [&](auto begin, auto end) {
-            begin = std::lower_bound(begin, end, from, [](const Bar &bar, qint32 time) { return bar.time < time; });
-            end = std::lower_bound(begin, end, to, [](const Bar &bar, qint32 time) { return bar.time < time; });
+            begin = std::lower_bound(begin, end, from,
+                                     [](const Bar &bar, qint32 time) { return bar.time < time; });
+            end =
+                std::lower_bound(begin, end, to, [](const Bar &bar, qint32 time) { return bar.time < time; });
             bars.insert(bars.end(), begin, end);
         };
         if (source.made) {
@@ -150,7 +156,8 @@ std::vector<Bar> SymbolHistory::rangeOf(const Source &source, qint32 from, qint3
 
 // Walks back over the blocks of the sources, some at a time and always in whole bars of the target, until the
 // window is filled.
-std::vector<Bar> SymbolHistory::groupBars(const Group &group, Period period, const HistoryWindow &window) const {
+std::vector<Bar> SymbolHistory::groupBars(const Group &group, Period period,
+                                          const HistoryWindow &window) const {
     const BarCutter cutter(period, m_info.tradesAtWeekends);
     std::vector<StoredChunk> chunks;
     for (const Source *source : group)
@@ -279,10 +286,12 @@ std::vector<Tick> SymbolHistory::ticks(const HistoryWindow &window) const {
         const qint64 from = ticks.front().timeMs;
         const qint64 to = ticks.back().timeMs;
         std::vector<Tick> joined;
-        const auto before = std::find_if(own.begin(), own.end(), [from](const Tick &tick) { return tick.timeMs >= from; });
+        const auto before =
+            std::find_if(own.begin(), own.end(), [from](const Tick &tick) { return tick.timeMs >= from; });
         joined.assign(own.begin(), before);
         joined.insert(joined.end(), ticks.begin(), ticks.end());
-        const auto after = std::find_if(before, own.end(), [to](const Tick &tick) { return tick.timeMs > to; });
+        const auto after =
+            std::find_if(before, own.end(), [to](const Tick &tick) { return tick.timeMs > to; });
         joined.insert(joined.end(), after, own.end());
         ticks = std::move(joined);
     }

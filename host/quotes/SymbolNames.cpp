@@ -39,7 +39,8 @@ QString symbolFrom(const QString &text) {
 
 QString symbolFromFileName(const QString &fileName) {
     const QString name = QFileInfo(fileName).completeBaseName();
-    static const QRegularExpression pairs(QStringLiteral("(?<![A-Za-z])([A-Za-z]{3})[/_. -]?([A-Za-z]{3})(?![A-Za-z])"));
+    static const QRegularExpression pairs(
+        QStringLiteral("(?<![A-Za-z])([A-Za-z]{3})[/_. -]?([A-Za-z]{3})(?![A-Za-z])"));
     for (int from = 0; from < name.size();) {
         const QRegularExpressionMatch match = pairs.match(name, from);
         if (!match.hasMatch())

@@ -3,8 +3,8 @@
 
 namespace desk {
 
-// A symbol in its one written form: "EURUSD", "eur_usd" and "EUR/USD" are "EUR/USD"; a name that is no pair of
-// known currencies stays as it is, without blanks at its ends.
+// A symbol in its one written form: "EURUSD", "eur_usd" and "EUR/USD" are "EUR/USD"; a name that is no pair
+// of known currencies stays as it is, without blanks at its ends.
 QString symbolFrom(const QString &text);
 // The first pair of currencies (or else the first word) in the name of a file.
 QString symbolFromFileName(const QString &fileName);

@@ -71,8 +71,9 @@ private:
 
 // 1 to 12 for the name of a month, whole or its first three letters; else 0.
 int monthOf(const char *word, int length) {
-    static const char *const names[] = {"january", "february", "march",     "april",   "may",      "june",
-                                        "july",    "august",   "september", "october", "november", "december"};
+    static const char *const names[] = {"january",   "february", "march",    "april",
+                                        "may",       "june",     "july",     "august",
+                                        "september", "october",  "november", "december"};
     for (int month = 0; month < 12; ++month) {
         const int whole = int(std::strlen(names[month]));
         if ((length == 3 || length == whole) && std::strncmp(word, names[month], size_t(length)) == 0)
@@ -214,8 +215,8 @@ bool readZone(Scanner &scanner, TimeReading &reading, qint64 &timeOfDay) {
         if (length == 2 && word[1] == 'm' && (word[0] == 'a' || word[0] == 'p')) {
             if (!readHalfOfDay(scanner, word, timeOfDay))
                 return false;
-        } else if ((length == 1 && word[0] == 'z') ||
-                   (length == 3 && (std::strncmp(word, "utc", 3) == 0 || std::strncmp(word, "gmt", 3) == 0))) {
+        } else if ((length == 1 && word[0] == 'z') || (length == 3 && (std::strncmp(word, "utc", 3) == 0 ||
+                                                                       std::strncmp(word, "gmt", 3) == 0))) {
             reading.hasZone = true;
         } else {
             return false;

@@ -1,11 +1,11 @@
 #pragma once
-#include <QtGlobal>
 #include <QString>
+#include <QtGlobal>
 
 namespace desk {
 
-// How the text of a time is to be read. Calendar forms take "-", "/", "." or nothing between their parts, names
-// of months, a time of day with or without colons and fractions, am and pm, and a zone.
+// How the text of a time is to be read. Calendar forms take "-", "/", "." or nothing between their parts,
+// names of months, a time of day with or without colons and fractions, am and pm, and a zone.
 enum class TimeForm {
     YearFirst,
     DayFirst,

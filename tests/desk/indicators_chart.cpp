@@ -44,8 +44,8 @@ TEST_F(IndicatorChart, EveryKindIsSeenInItsColours) {
     Options wanted = options();
     wanted.size = QSize(2200, 1700);
     wanted.period = Period{'I', 60};
-    wanted.quoteFiles.push_back(QuoteFile::fromArgument(test::writeBars(folder(), QStringLiteral("bars.csv"), 300, 14) +
-                                                        QStringLiteral("=EUR/USD")));
+    wanted.quoteFiles.push_back(QuoteFile::fromArgument(
+        test::writeBars(folder(), QStringLiteral("bars.csv"), 300, 14) + QStringLiteral("=EUR/USD")));
     start(wanted);
     window().setUnattended(true);
     deck().closeAll();
@@ -68,10 +68,12 @@ TEST_F(IndicatorChart, EveryKindIsSeenInItsColours) {
         for (const mvDataPointArray *array : object->outputs()) {
             for (const Word word : {array->typeShow.firstColor, array->typeShow.secondColor})
                 EXPECT_GT(countPixels(picture, QColor(word)), 10)
-                    << fieldText(array->identity.m_szNameSymbol).toStdString() << " in " << QColor(word).name().toStdString();
+                    << fieldText(array->identity.m_szNameSymbol).toStdString() << " in "
+                    << QColor(word).name().toStdString();
         }
         if (qEnvironmentVariableIsSet("VELMAR_PICTURES"))
-            picture.save(QDir(qEnvironmentVariable("VELMAR_PICTURES")).filePath(name + QStringLiteral(".png")));
+            picture.save(
+                QDir(qEnvironmentVariable("VELMAR_PICTURES")).filePath(name + QStringLiteral(".png")));
     }
 }
 

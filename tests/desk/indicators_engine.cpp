@@ -1,6 +1,6 @@
 // The engine of indicators through the messages of a chart.
-#include "quotes_desk.h"
 #include "host/pages/Page.h"
+#include "quotes_desk.h"
 #include <QColor>
 #include <set>
 
@@ -114,7 +114,8 @@ TEST_F(IndicatorEngine, IdentityOfAnIndicator) {
     EXPECT_EQ(record.m_nLevelDpa, 2u);
     Word text[256] = {};
     send(ToHost::MenuText, int(ma), toWord(text));
-    EXPECT_EQ(readEndedText(reinterpret_cast<const Unit16 *>(text)), QStringLiteral("Moving Average (14, Simple)"));
+    EXPECT_EQ(readEndedText(reinterpret_cast<const Unit16 *>(text)),
+              QStringLiteral("Moving Average (14, Simple)"));
     EXPECT_EQ(arrays(base)[0]->coord.rank, 0u);
     EXPECT_EQ(arrays(macd)[0]->coord.rank, 1u);
     EXPECT_EQ(arrays(ma)[0]->coord.rank, 2u);
@@ -129,11 +130,11 @@ TEST_F(IndicatorEngine, OutputsAreDrawnAsTheirKindAsks) {
         int placement; // of the first
     };
     give("USD/CHF", walk(300, 9));
-    const Case cases[] = {{"MA", 1, 4, 0, 0},        {"Bollinger", 3, 4, 0, 0}, {"MACD", 3, 4, 1, 3},
-                          {"Ichimoku", 5, 4, 0, 0},  {"RSI", 1, 4, 0, 3},       {"Stochastic", 2, 4, 0, 3},
-                          {"ATR", 1, 4, 0, 3},       {"CCI", 1, 4, 0, 3},       {"Momentum", 1, 4, 0, 3},
-                          {"SAR", 1, 8, 0, 0},       {"Fractals", 1, 6, 3, 0},  {"Volume", 1, 4, 1, 3},
-                          {"CHF+EUR", 1, 4, 0, 3},   {"OstrelChannel", 3, 4, 0, 0}};
+    const Case cases[] = {{"MA", 1, 4, 0, 0},       {"Bollinger", 3, 4, 0, 0},    {"MACD", 3, 4, 1, 3},
+                          {"Ichimoku", 5, 4, 0, 0}, {"RSI", 1, 4, 0, 3},          {"Stochastic", 2, 4, 0, 3},
+                          {"ATR", 1, 4, 0, 3},      {"CCI", 1, 4, 0, 3},          {"Momentum", 1, 4, 0, 3},
+                          {"SAR", 1, 8, 0, 0},      {"Fractals", 1, 6, 3, 0},     {"Volume", 1, 4, 1, 3},
+                          {"CHF+EUR", 1, 4, 0, 3},  {"OstrelChannel", 3, 4, 0, 0}};
     ASSERT_EQ(std::size(cases), formulaKinds().size());
     for (const Case &expected : cases) {
         const Handle handle = indicator(expected.name, base);
@@ -147,9 +148,11 @@ TEST_F(IndicatorEngine, OutputsAreDrawnAsTheirKindAsks) {
             EXPECT_EQ(Handle(toWord(line->owner)), handle);
             EXPECT_GE(line->typeShow.weightPen, 1);
             EXPECT_NE(line->typeShow.penType, eCoreTypeShowPenNone);
-            EXPECT_TRUE(fieldText(line->identity.m_szNameSymbol).startsWith(QString::fromLatin1(expected.name)));
+            EXPECT_TRUE(
+                fieldText(line->identity.m_szNameSymbol).startsWith(QString::fromLatin1(expected.name)));
             names.insert(fieldText(line->identity.m_szNameSymbol));
-            EXPECT_EQ(line->coord.axis == arrays(base)[0]->coord.axis, expected.placement == 0) << expected.name;
+            EXPECT_EQ(line->coord.axis == arrays(base)[0]->coord.axis, expected.placement == 0)
+                << expected.name;
             EXPECT_GT(line->count, 0) << expected.name;
         }
         EXPECT_EQ(names.size(), lines.size()) << "a rebuild matches outputs by name";

@@ -1,6 +1,7 @@
-// Values of every indicator against a plain computation of its definition, and against themselves point by point.
-#include "quotes_desk.h"
+// Values of every indicator against a plain computation of its definition, and against themselves point by
+// point.
 #include "host/pages/Page.h"
+#include "quotes_desk.h"
 #include <QElapsedTimer>
 #include <cmath>
 
@@ -83,7 +84,8 @@ Values difference(const Values &a, const Values &b) {
 double extreme(const std::vector<Bar> &bars, int last, int n, bool high) {
     double value = high ? -1e9 : 1e9;
     for (int i = last - n + 1; i <= last; ++i)
-        value = high ? std::max(value, double(bars[size_t(i)].high)) : std::min(value, double(bars[size_t(i)].low));
+        value = high ? std::max(value, double(bars[size_t(i)].high))
+                     : std::min(value, double(bars[size_t(i)].low));
     return value;
 }
 
@@ -119,7 +121,9 @@ protected:
         ASSERT_EQ(held.size(), wanted.size());
         for (size_t i = 0; i < held.size(); ++i) {
             ASSERT_EQ(held[i].time, wanted[i].first) << i;
-            ASSERT_NEAR(held[i].value, wanted[i].second, tolerance * std::max(1.0, std::fabs(wanted[i].second))) << i;
+            ASSERT_NEAR(held[i].value, wanted[i].second,
+                        tolerance * std::max(1.0, std::fabs(wanted[i].second)))
+                << i;
         }
     }
     void set(Handle handle, const char *name, const QVariant &value) {
@@ -224,11 +228,13 @@ TEST_F(IndicatorValues, RelativeStrength) {
 
 // The worked example that goes with the definition of the index: closes of a stock, length 14.
 TEST_F(IndicatorValues, RelativeStrengthOfAKnownSeries) {
-    const float closes[] = {44.34f, 44.09f, 44.15f, 43.61f, 44.33f, 44.83f, 45.10f, 45.42f, 45.84f, 46.08f, 45.89f,
-                            46.03f, 45.61f, 46.28f, 46.28f, 46.00f, 46.03f, 46.41f, 46.22f, 45.64f, 46.21f};
+    const float closes[] = {44.34f, 44.09f, 44.15f, 43.61f, 44.33f, 44.83f, 45.10f,
+                            45.42f, 45.84f, 46.08f, 45.89f, 46.03f, 45.61f, 46.28f,
+                            46.28f, 46.00f, 46.03f, 46.41f, 46.22f, 45.64f, 46.21f};
     std::vector<Bar> series;
     for (const float close : closes)
-        series.push_back({utc("2012-01-30 00:00:00") + int(series.size()) * 300, close, close, close, close, 1});
+        series.push_back(
+            {utc("2012-01-30 00:00:00") + int(series.size()) * 300, close, close, close, close, 1});
     give("STOCK", series, {'I', 5}, Side::Bid, 2);
     const Handle rsi = indicator("RSI", instrument("STOCK", "Bid", {'I', 5}));
     const std::vector<corePointValue> held = points<corePointValue>(arrays(rsi)[0]);
@@ -342,8 +348,10 @@ TEST_F(IndicatorValues, Fractals) {
     for (size_t i = 2; i + 2 < bars.size(); ++i) {
         const float high = bars[i].high;
         const float low = bars[i].low;
-        const bool top = bars[i - 2].high < high && bars[i - 1].high < high && bars[i + 1].high <= high && bars[i + 2].high <= high;
-        const bool bottom = bars[i - 2].low > low && bars[i - 1].low > low && bars[i + 1].low >= low && bars[i + 2].low >= low;
+        const bool top = bars[i - 2].high < high && bars[i - 1].high < high && bars[i + 1].high <= high &&
+                         bars[i + 2].high <= high;
+        const bool bottom = bars[i - 2].low > low && bars[i - 1].low > low && bars[i + 1].low >= low &&
+                            bars[i + 2].low >= low;
         if (!top && !bottom)
             continue;
         ASSERT_LT(place, held.size());
@@ -408,7 +416,8 @@ TEST_P(EveryIndicator, QuoteByQuoteEqualsAllAtOnce) {
     give("USD/CHF", walk(400, 12));
     const Handle living = indicator(GetParam(), base);
     ASSERT_NE(living, 0u);
-    const Handle above = arrays(living)[0]->recordSize == sizeof(corePointValue) ? indicator("MA", living) : 0;
+    const Handle above =
+        arrays(living)[0]->recordSize == sizeof(corePointValue) ? indicator("MA", living) : 0;
     std::mt19937 random(3);
     qint32 time = bars.back().time;
     float price = bars.back().close;
@@ -422,10 +431,12 @@ TEST_P(EveryIndicator, QuoteByQuoteEqualsAllAtOnce) {
             continue;
         const Handle twin = indicator(GetParam(), base);
         for (size_t line = 0; line < arrays(living).size(); ++line)
-            ASSERT_TRUE(sameBytes(arrays(living)[line], arrays(twin)[line])) << GetParam() << " line " << line << " after " << i;
+            ASSERT_TRUE(sameBytes(arrays(living)[line], arrays(twin)[line]))
+                << GetParam() << " line " << line << " after " << i;
         if (above != 0) {
             const Handle twinAbove = indicator("MA", twin);
-            ASSERT_TRUE(sameBytes(arrays(above)[0], arrays(twinAbove)[0])) << "average of " << GetParam() << " after " << i;
+            ASSERT_TRUE(sameBytes(arrays(above)[0], arrays(twinAbove)[0]))
+                << "average of " << GetParam() << " after " << i;
         }
     }
 }
@@ -451,7 +462,8 @@ TEST_F(IndicatorValues, QuoteCostsTheSameOnALongSeries) {
         const Handle instrumentHandle = instrument(symbol, "Bid", {'I', 5});
         sendTo(candles->interfaceHandle(), ToHost::OlderData, int(instrumentHandle), 2000000000);
         EXPECT_EQ(arrays(instrumentHandle)[0]->count, count);
-        for (const char *name : {"MA", "Bollinger", "MACD", "Ichimoku", "RSI", "Stochastic", "ATR", "CCI", "SAR", "Fractals"})
+        for (const char *name :
+             {"MA", "Bollinger", "MACD", "Ichimoku", "RSI", "Stochastic", "ATR", "CCI", "SAR", "Fractals"})
             EXPECT_NE(indicator(name, instrumentHandle), 0u);
         std::vector<qint64> rounds;
         for (int i = 0; i < 200; ++i) {

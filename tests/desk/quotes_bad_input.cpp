@@ -7,7 +7,8 @@ using namespace desk;
 
 namespace {
 
-const char goodBefore[] = "time,open,high,low,close\n2012-02-01 00:00,1.30,1.31,1.29,1.305\n2012-02-01 00:01,1.30,1.31,1.29,1.305\n";
+const char goodBefore[] = "time,open,high,low,close\n2012-02-01 00:00,1.30,1.31,1.29,1.305\n2012-02-01 "
+                          "00:01,1.30,1.31,1.29,1.305\n";
 const char goodAfter[] = "\n2012-02-01 00:03,1.30,1.31,1.29,1.305\n2012-02-01 00:04,1.30,1.31,1.29,1.305\n";
 
 struct BrokenCase {
@@ -43,7 +44,8 @@ class BrokenLines : public testing::TestWithParam<BrokenCase> {};
 
 TEST_P(BrokenLines, IsLeftOutAndReported) {
     QuoteFolder quotes;
-    const ImportReport report = quotes.import("EURUSD.csv", QByteArray(goodBefore) + GetParam().line + goodAfter);
+    const ImportReport report =
+        quotes.import("EURUSD.csv", QByteArray(goodBefore) + GetParam().line + goodAfter);
     EXPECT_FALSE(report.refused);
     EXPECT_EQ(report.points, 4);
     EXPECT_EQ(report.leftOut, 1);
@@ -62,8 +64,9 @@ INSTANTIATE_TEST_SUITE_P(All, BrokenLines, testing::ValuesIn(brokenCases),
 
 TEST(BadQuotes, TickTwiceIsADuplicateAndTwoInAMillisecondAreNot) {
     QuoteFolder quotes;
-    const ImportReport report = quotes.import("EURUSD_20140505.csv", "1000,1.3871,1.3873\n1000,1.3871,1.3873\n1000,1.3872,1.3873\n"
-                                                                     "900,1.3872,1.3873\n2000,1.3872,1.3874\n");
+    const ImportReport report =
+        quotes.import("EURUSD_20140505.csv", "1000,1.3871,1.3873\n1000,1.3871,1.3873\n1000,1.3872,1.3873\n"
+                                             "900,1.3872,1.3873\n2000,1.3872,1.3874\n");
     EXPECT_EQ(report.points, 3);
     EXPECT_EQ(report.leftOut, 2);
     ASSERT_EQ(report.reasons.size(), 2);
@@ -85,7 +88,8 @@ TEST(BadQuotes, OnlyTheFirstReasonsArePrintedAndAllAreCounted) {
 
 TEST(BadQuotes, EndlessLineIsLeftOut) {
     QuoteFolder quotes;
-    const ImportReport report = quotes.import("EURUSD.csv", QByteArray(goodBefore) + QByteArray(5 << 20, 'x') + goodAfter);
+    const ImportReport report =
+        quotes.import("EURUSD.csv", QByteArray(goodBefore) + QByteArray(5 << 20, 'x') + goodAfter);
     EXPECT_EQ(report.points, 4);
     EXPECT_EQ(report.leftOut, 1);
     EXPECT_TRUE(report.reasons.value(0).contains(QStringLiteral("longer than")));
@@ -103,7 +107,8 @@ TEST_P(RefusedFiles, SaysWhyInOneSentence) {
     QuoteFolder quotes;
     const ImportReport report = quotes.import("EURUSD.csv", GetParam().content);
     EXPECT_TRUE(report.refused);
-    EXPECT_TRUE(report.summary.contains(QString::fromLatin1(GetParam().reason))) << report.summary.toStdString();
+    EXPECT_TRUE(report.summary.contains(QString::fromLatin1(GetParam().reason)))
+        << report.summary.toStdString();
     EXPECT_FALSE(report.summary.contains(QLatin1Char('\n')));
     EXPECT_TRUE(quotes.series("EUR/USD").empty());
     EXPECT_TRUE(quotes.store.files().empty());
@@ -111,15 +116,19 @@ TEST_P(RefusedFiles, SaysWhyInOneSentence) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, RefusedFiles,
-    testing::Values(RefusedCase{"Empty", "", "it is empty"}, RefusedCase{"OnlyAHeader", "time,open,high,low,close\n", "no line of quotes"},
+    testing::Values(RefusedCase{"Empty", "", "it is empty"},
+                    RefusedCase{"OnlyAHeader", "time,open,high,low,close\n", "no line of quotes"},
                     RefusedCase{"Prose", "Dear reader, this\nis, not a file of quotes\n", "not imported"},
-                    RefusedCase{"Binary", QByteArray("\x7f"
-                                                     "ELF\0\0\0\1",
-                                                     8),
+                    RefusedCase{"Binary",
+                                QByteArray("\x7f"
+                                           "ELF\0\0\0\1",
+                                           8),
                                 "binary data"},
-                    RefusedCase{"BinaryLater", QByteArray(goodBefore) + QByteArray(5000000, '\0'), "binary data after line"},
+                    RefusedCase{"BinaryLater", QByteArray(goodBefore) + QByteArray(5000000, '\0'),
+                                "binary data after line"},
                     RefusedCase{"NoUsableLine",
-                                "time,open,high,low,close\n2012-02-01 00:00,1.30,1.20,1.29,1.305\n2012-02-01 00:01,1.30,1.20,1.29,1.305\n",
+                                "time,open,high,low,close\n2012-02-01 00:00,1.30,1.20,1.29,1.305\n2012-02-01 "
+                                "00:01,1.30,1.20,1.29,1.305\n",
                                 "none of its 2 lines is a quote"}),
     [](const auto &info) { return std::string(info.param.name); });
 
@@ -160,7 +169,9 @@ TEST(BadQuotes, StoppedImportLeavesWhatWasThere) {
     QuoteFolder quotes;
     QByteArray content("time,open,high,low,close\n");
     for (int i = 0; i < 60000; ++i)
-        content += QDateTime::fromSecsSinceEpoch(1328054400 + i * 60, Qt::UTC).toString(QStringLiteral("yyyy-MM-dd hh:mm")).toLatin1() +
+        content += QDateTime::fromSecsSinceEpoch(1328054400 + i * 60, Qt::UTC)
+                       .toString(QStringLiteral("yyyy-MM-dd hh:mm"))
+                       .toLatin1() +
                    ",1.30,1.31,1.29,1.305\n";
     QuoteFile file;
     file.path = quotes.write("EURUSD.csv", content);

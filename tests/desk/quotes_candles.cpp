@@ -1,6 +1,6 @@
 // Instrument series through the messages of a chart.
-#include "quotes_desk.h"
 #include "host/pages/Page.h"
+#include "quotes_desk.h"
 #include <QColor>
 #include <QElapsedTimer>
 

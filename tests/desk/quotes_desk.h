@@ -1,6 +1,6 @@
 #pragma once
-// A desk without windows: the host's core, quotes and indicators, and a module of the test's own that notes what
-// it is told.
+// A desk without windows: the host's core, quotes and indicators, and a module of the test's own that notes
+// what it is told.
 #include "host/core/Front.h"
 #include "host/core/Host.h"
 #include "host/core/IdentityService.h"
@@ -54,8 +54,8 @@ protected:
     static int receive(void *, unsigned message, int wParam, int lParam) {
         if (message == ToModule::UpdateData) {
             const auto &record = *fromWord<coreCoreUpdateDpaData>(wParam);
-            told.push_back({message, Handle(toWord(record.owner)), Handle(toWord(record.widget)), record.updateKind,
-                            fieldText(record.identity.m_szNameSymbol).toStdString()});
+            told.push_back({message, Handle(toWord(record.owner)), Handle(toWord(record.widget)),
+                            record.updateKind, fieldText(record.identity.m_szNameSymbol).toStdString()});
         } else if (message == ToModule::RebuildOutputs) {
             const auto &record = *fromWord<coreRebuildDpa>(lParam);
             told.push_back({message, Handle(toWord(record.handle)), Handle(wParam), record.count, ""});
@@ -66,7 +66,9 @@ protected:
         return 0;
     }
 
-    int send(unsigned message, int wParam = 0, int lParam = 0) { return sendTo(host.coreHandle(), message, wParam, lParam); }
+    int send(unsigned message, int wParam = 0, int lParam = 0) {
+        return sendTo(host.coreHandle(), message, wParam, lParam);
+    }
     int sendTo(Handle target, unsigned message, int wParam = 0, int lParam = 0) {
         return Host::send(fromWord<void>(target), message, wParam, lParam);
     }
@@ -116,7 +118,8 @@ protected:
         EXPECT_EQ(list.count, int(result.size()));
         return result;
     }
-    template <class Point> static std::vector<Point> points(const mvDataPointArray *array) {
+    template <class Point>
+    static std::vector<Point> points(const mvDataPointArray *array) {
         EXPECT_EQ(array->recordSize, sizeof(Point));
         std::vector<Point> result(size_t(array->count));
         if (array->count > 0)
@@ -126,7 +129,8 @@ protected:
     std::shared_ptr<CalculatedObject> object(Handle handle) { return host.objects().find(handle); }
     static std::vector<Update> updatesOf(Handle handle) {
         std::vector<Update> result;
-        std::copy_if(told.begin(), told.end(), std::back_inserter(result), [handle](const Update &update) { return update.object == handle; });
+        std::copy_if(told.begin(), told.end(), std::back_inserter(result),
+                     [handle](const Update &update) { return update.object == handle; });
         return result;
     }
 
@@ -149,7 +153,8 @@ protected:
         }
         return bars;
     }
-    void give(const char *symbol, std::vector<Bar> bars, Period period = {'I', 5}, Side side = Side::Bid, int digits = 5) {
+    void give(const char *symbol, std::vector<Bar> bars, Period period = {'I', 5}, Side side = Side::Bid,
+              int digits = 5) {
         book.addSymbol({QString::fromLatin1(symbol), digits}).addMade(side, period, std::move(bars));
     }
     bool quote(const char *symbol, qint32 time, float bid) {

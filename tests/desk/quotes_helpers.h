@@ -16,7 +16,8 @@ inline void PrintTo(const Period &period, std::ostream *out) {
 
 // Seconds of "2012-02-01 00:05:00" in UTC.
 inline qint32 utc(const char *text) {
-    return qint32(QDateTime::fromString(QString::fromLatin1(text) + QLatin1Char('Z'), QStringLiteral("yyyy-MM-dd hh:mm:sst"))
+    return qint32(QDateTime::fromString(QString::fromLatin1(text) + QLatin1Char('Z'),
+                                        QStringLiteral("yyyy-MM-dd hh:mm:sst"))
                       .toSecsSinceEpoch());
 }
 
@@ -40,7 +41,8 @@ public:
     }
     std::vector<StoredSeries> series(const char *symbol) { return store.series(QString::fromLatin1(symbol)); }
     std::vector<Bar> bars(const char *symbol, Side side, Period period, HistoryWindow window = {100000}) {
-        return SymbolHistory(store, store.symbol(QString::fromLatin1(symbol)).value_or(SymbolInfo{QString::fromLatin1(symbol)}))
+        return SymbolHistory(store, store.symbol(QString::fromLatin1(symbol))
+                                        .value_or(SymbolInfo{QString::fromLatin1(symbol)}))
             .bars(side, period, window);
     }
     std::vector<Tick> ticks(const char *symbol) {

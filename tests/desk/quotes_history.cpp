@@ -1,7 +1,7 @@
 // The store, and bars put together from finer ones.
-#include "quotes_helpers.h"
 #include "host/quotes/BarBuilder.h"
 #include "host/quotes/QuoteBook.h"
+#include "quotes_helpers.h"
 #include <QElapsedTimer>
 #include <random>
 
@@ -14,7 +14,9 @@ const Period h1{'I', 60};
 const Period d1{'D', 1};
 
 QByteArray barLine(qint32 time, double price) {
-    return QDateTime::fromSecsSinceEpoch(time, Qt::UTC).toString(QStringLiteral("yyyy-MM-dd hh:mm:ss")).toLatin1() +
+    return QDateTime::fromSecsSinceEpoch(time, Qt::UTC)
+               .toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"))
+               .toLatin1() +
            QStringLiteral(",%1,%2,%3,%4,1\n")
                .arg(price, 0, 'f', 5)
                .arg(price + 0.0005, 0, 'f', 5)
@@ -84,7 +86,8 @@ TEST(QuoteStoreFile, TouchedFileIsNotReadAgain) {
     quotes.import(file);
     QFile touched(file.path);
     ASSERT_TRUE(touched.open(QIODevice::ReadWrite));
-    ASSERT_TRUE(touched.setFileTime(QDateTime::currentDateTime().addDays(-2), QFileDevice::FileModificationTime));
+    ASSERT_TRUE(
+        touched.setFileTime(QDateTime::currentDateTime().addDays(-2), QFileDevice::FileModificationTime));
     touched.close();
     EXPECT_TRUE(quotes.import(file).unchanged);
     file.clock = Clock::fromText(QStringLiteral("+01:00"));
@@ -116,9 +119,12 @@ TEST(QuoteStoreFile, ImportIsQuick) {
     const ImportReport report = quotes.import(file);
     const double seconds = double(clock.nsecsElapsed()) / 1e9;
     EXPECT_EQ(report.points, 28 * 5 * 1440);
-#ifndef VELMAR_SANITIZED
-    EXPECT_GT(double(report.points) / seconds, 200000) << "lines a second";
+#ifdef VELMAR_SANITIZED
+    const double wanted = 10000;
+#else
+    const double wanted = 200000;
 #endif
+    EXPECT_GT(double(report.points) / seconds, wanted) << "lines a second";
     clock.restart();
     EXPECT_TRUE(quotes.import(file).unchanged);
     EXPECT_LT(clock.elapsed(), 50);
@@ -171,8 +177,10 @@ TEST(QuotePeriod, BarsBeginWhereTheyBelong) {
     };
     for (const CutCase &cut : cases) {
         const BarCutter cutter(cut.period);
-        EXPECT_EQ(cutter.start(utc(cut.time)), utc(cut.start)) << cut.period.name().toStdString() << " of " << cut.time;
-        EXPECT_EQ(cutter.next(utc(cut.time)), utc(cut.next)) << cut.period.name().toStdString() << " of " << cut.time;
+        EXPECT_EQ(cutter.start(utc(cut.time)), utc(cut.start))
+            << cut.period.name().toStdString() << " of " << cut.time;
+        EXPECT_EQ(cutter.next(utc(cut.time)), utc(cut.next))
+            << cut.period.name().toStdString() << " of " << cut.time;
     }
     EXPECT_EQ(BarCutter(d1, true).start(utc("2012-02-05 22:30:00")), utc("2012-02-05 00:00:00"));
 }
@@ -180,7 +188,8 @@ TEST(QuotePeriod, BarsBeginWhereTheyBelong) {
 TEST(QuotePeriod, FirstMomentIsTheEarliestOfItsBar) {
     for (const Period period : {m1, h1, d1, Period{'W', 1}, Period{'M', 1}, Period{'Y', 1}}) {
         const BarCutter cutter(period);
-        for (qint32 time = utc("2012-01-01 03:00:00"); time < utc("2013-02-01 00:00:00"); time += 6 * 3600 + 7) {
+        for (qint32 time = utc("2012-01-01 03:00:00"); time < utc("2013-02-01 00:00:00");
+             time += 6 * 3600 + 7) {
             const qint32 start = cutter.start(time);
             const qint32 first = cutter.firstMoment(start);
             EXPECT_EQ(cutter.start(first), start);
@@ -223,15 +232,17 @@ TEST(QuoteHistory, WindowTakesTheNewestAndGrowsToTheLeft) {
         for (size_t i = 0; i < count; ++i)
             ASSERT_TRUE(same(window[i], all[all.size() - count + i])) << count << " " << i;
     }
-    const std::vector<Bar> from = quotes.bars("EUR/USD", Side::Bid, {'I', 5}, {10, utc("2012-02-06 00:00:00")});
+    const std::vector<Bar> from =
+        quotes.bars("EUR/USD", Side::Bid, {'I', 5}, {10, utc("2012-02-06 00:00:00")});
     ASSERT_FALSE(from.empty());
     EXPECT_EQ(from.front().time, utc("2012-02-06 00:00:00"));
 }
 
 TEST(QuoteHistory, CoarseBarsStandAndFinerOnesFillTheRest) {
     QuoteFolder quotes;
-    quotes.import("EURUSD_D1.csv", "Date,open,high,low,close\n2012-01-26,1.1,1.2,1.0,1.1\n2012-01-27,1.1,1.2,1.0,1.1\n"
-                                   "2012-01-30,1.1,1.2,1.0,1.15\n");
+    quotes.import("EURUSD_D1.csv",
+                  "Date,open,high,low,close\n2012-01-26,1.1,1.2,1.0,1.1\n2012-01-27,1.1,1.2,1.0,1.1\n"
+                  "2012-01-30,1.1,1.2,1.0,1.15\n");
     quotes.import("EURUSD_M1.csv", weeksOfBars(1, 60));
     const std::vector<Bar> days = quotes.bars("EUR/USD", Side::Bid, d1);
     ASSERT_EQ(days.size(), 7u);
@@ -241,7 +252,8 @@ TEST(QuoteHistory, CoarseBarsStandAndFinerOnesFillTheRest) {
 
 TEST(QuoteHistory, TicksBuildBars) {
     QuoteFolder quotes;
-    quotes.import("EURUSD_20140505.csv", "0,1.3871,1.3873\n30000,1.3875,1.3876\n59999,1.3870,1.3872\n60000,1.3880,1.3882\n");
+    quotes.import("EURUSD_20140505.csv",
+                  "0,1.3871,1.3873\n30000,1.3875,1.3876\n59999,1.3870,1.3872\n60000,1.3880,1.3882\n");
     const std::vector<Bar> bid = quotes.bars("EUR/USD", Side::Bid, m1);
     ASSERT_EQ(bid.size(), 2u);
     EXPECT_EQ(bid[0].open, 1.3871f);
@@ -286,7 +298,8 @@ TEST(QuoteHistory, LiveQuotesEqualBatch) {
             ASSERT_TRUE(book.quote(QStringLiteral("EUR/USD"), tick));
             direct.add(tick.timeSec(), tick.bid, 1);
         }
-        const std::vector<Bar> live = book.history(QStringLiteral("EUR/USD"))->bars(Side::Bid, period, {100000});
+        const std::vector<Bar> live =
+            book.history(QStringLiteral("EUR/USD"))->bars(Side::Bid, period, {100000});
         ASSERT_EQ(live.size(), direct.bars().size()) << period.name().toStdString();
         for (size_t i = 0; i < live.size(); ++i)
             EXPECT_TRUE(same(live[i], direct.bars()[i])) << period.name().toStdString() << " " << i;

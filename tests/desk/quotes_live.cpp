@@ -1,10 +1,10 @@
 // Feed, replay and the built-in market.
-#include "quotes_helpers.h"
 #include "host/quotes/FeedLine.h"
 #include "host/quotes/LineFeed.h"
 #include "host/quotes/Market.h"
 #include "host/quotes/QuoteBook.h"
 #include "host/quotes/Replay.h"
+#include "quotes_helpers.h"
 #include <QSignalSpy>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -20,7 +20,8 @@ const QString eurusd = QStringLiteral("EUR/USD");
 // Every sentence that the book tells.
 struct Told {
     explicit Told(QuoteBook &book) {
-        QObject::connect(&book, &QuoteBook::told, &context, [this](Level, const QString &sentence) { sentences << sentence; });
+        QObject::connect(&book, &QuoteBook::told, &context,
+                         [this](Level, const QString &sentence) { sentences << sentence; });
     }
     int count(const char *part) const { return sentences.filter(QString::fromLatin1(part)).size(); }
     QStringList sentences;
@@ -53,16 +54,24 @@ TEST(QuoteFeed, GarbageIsReportedAndSkipped) {
     QuoteBook book;
     Told told(book);
     LineFeed feed(book);
-    const QByteArrayList garbage = {"hello", "EUR/USD,1709287200,1.08", "EUR/USD,soon,1.08,1.09", "EUR/USD,1709287200,x,1.09",
-                                    "EUR/USD,1709287200,-1.08,1.09", "EUR/USD,1709287200,nan,1.09", "E R,1709287200,1.08,1.09",
-                                    ",1709287200,1.08,1.09", "EUR/USD,2024-03-01,1.08,1.09", QByteArray(5000, 'x')};
+    const QByteArrayList garbage = {"hello",
+                                    "EUR/USD,1709287200,1.08",
+                                    "EUR/USD,soon,1.08,1.09",
+                                    "EUR/USD,1709287200,x,1.09",
+                                    "EUR/USD,1709287200,-1.08,1.09",
+                                    "EUR/USD,1709287200,nan,1.09",
+                                    "E R,1709287200,1.08,1.09",
+                                    ",1709287200,1.08,1.09",
+                                    "EUR/USD,2024-03-01,1.08,1.09",
+                                    QByteArray(5000, 'x')};
     for (const QByteArray &line : garbage)
         give(feed, line + "\r\n");
     EXPECT_EQ(feed.quotes(), 0);
     EXPECT_EQ(feed.skipped(), garbage.size());
     EXPECT_EQ(told.count("is skipped: "), garbage.size());
     EXPECT_TRUE(book.symbols().isEmpty()) << "garbage makes no symbol";
-    give(feed, QByteArray("\n# comment\nEUR/USD,1709287200,1.08,1.09\nEUR/USD,1709287100,1.08,1.09\nmore\nmore\n"));
+    give(feed,
+         QByteArray("\n# comment\nEUR/USD,1709287200,1.08,1.09\nEUR/USD,1709287100,1.08,1.09\nmore\nmore\n"));
     EXPECT_EQ(feed.quotes(), 1);
     EXPECT_EQ(feed.skipped(), garbage.size() + 3);
     EXPECT_EQ(told.count("is skipped: "), 10) << "the first ones are enough";
@@ -107,14 +116,16 @@ TEST(QuoteFeed, PlaceThatIsNoneIsRefused) {
     QuoteBook book;
     for (const char *place : {"", "localhost", "localhost:", "localhost:x", ":7", "localhost:70000"}) {
         LineFeed feed(book);
-        EXPECT_TRUE(feed.open(QString::fromLatin1(place)).contains(QStringLiteral("no place of a feed"))) << place;
+        EXPECT_TRUE(feed.open(QString::fromLatin1(place)).contains(QStringLiteral("no place of a feed")))
+            << place;
     }
     QTcpServer server;
     ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
     const int port = server.serverPort();
     server.close();
     LineFeed feed(book);
-    EXPECT_TRUE(feed.open(QStringLiteral("127.0.0.1:%1").arg(port)).contains(QStringLiteral("No feed answers")));
+    EXPECT_TRUE(
+        feed.open(QStringLiteral("127.0.0.1:%1").arg(port)).contains(QStringLiteral("No feed answers")));
 }
 
 // ---- replay ----
@@ -124,7 +135,9 @@ TEST(QuoteReplay, TicksComeInTheirTime) {
     QuoteBook book;
     Told told(book);
     QuoteFile file;
-    file.path = folder.write("EURUSD_20140505.csv", "1000,1.3871,1.3873\n1500,1.3872,1.3874\n2500,1.3873,1.3875\nbroken\n9000,1.3874,1.3876\n");
+    file.path = folder.write(
+        "EURUSD_20140505.csv",
+        "1000,1.3871,1.3873\n1500,1.3872,1.3874\n2500,1.3873,1.3875\nbroken\n9000,1.3874,1.3876\n");
     Replay replay(book);
     ASSERT_EQ(replay.open(file), QString());
     EXPECT_EQ(replay.symbol(), eurusd);
@@ -148,8 +161,9 @@ TEST(QuoteReplay, BarsPlayAsTheirFourPricesAndMakeTheSameBars) {
     QuoteFolder folder;
     QuoteBook book;
     QuoteFile file;
-    file.path = folder.write("EURUSD.csv", "2012-02-01 00:00,1.30,1.35,1.29,1.31,8\n2012-02-01 00:05,1.31,1.32,1.28,1.29,4\n"
-                                           "2012-02-01 00:10,1.29,1.30,1.28,1.295,4\n");
+    file.path = folder.write(
+        "EURUSD.csv", "2012-02-01 00:00,1.30,1.35,1.29,1.31,8\n2012-02-01 00:05,1.31,1.32,1.28,1.29,4\n"
+                      "2012-02-01 00:10,1.29,1.30,1.28,1.295,4\n");
     Replay replay(book);
     ASSERT_EQ(replay.open(file), QString());
     while (replay.advance(1000)) {
@@ -168,11 +182,13 @@ TEST(QuoteReplay, HistoryBehindItsStartIsHidden) {
     QuoteFolder folder;
     QuoteBook book;
     QuoteFile file;
-    file.path = folder.write("EURUSD.csv", "2012-02-01 00:00,1.30,1.35,1.29,1.31\n2012-02-01 00:01,1.31,1.32,1.28,1.29\n"
-                                           "2012-02-01 00:02,1.29,1.30,1.28,1.295\n2012-02-01 00:03,1.29,1.30,1.28,1.295\n");
+    file.path = folder.write(
+        "EURUSD.csv", "2012-02-01 00:00,1.30,1.35,1.29,1.31\n2012-02-01 00:01,1.31,1.32,1.28,1.29\n"
+                      "2012-02-01 00:02,1.29,1.30,1.28,1.295\n2012-02-01 00:03,1.29,1.30,1.28,1.295\n");
     book.importFile(file);
     QuoteFile later;
-    later.path = folder.write("EURUSD_later.csv", "2012-02-01 00:02,1.50,1.55,1.49,1.51\n2012-02-01 00:03,1.51,1.52,1.48,1.49\n");
+    later.path = folder.write("EURUSD_later.csv",
+                              "2012-02-01 00:02,1.50,1.55,1.49,1.51\n2012-02-01 00:03,1.51,1.52,1.48,1.49\n");
     Replay replay(book);
     ASSERT_EQ(replay.open(later), QString());
     EXPECT_EQ(book.history(eurusd)->bars(Side::Bid, {'I', 1}, {100}).size(), 2u);
@@ -185,9 +201,10 @@ TEST(QuoteReplay, HistoryBehindItsStartIsHidden) {
 TEST(QuoteReplay, FileThatIsNoneIsRefused) {
     QuoteFolder folder;
     QuoteBook book;
-    for (const QString &path : {folder.folder.filePath(QStringLiteral("none.csv")), folder.folder.path(),
-                                folder.write("prose.csv", "Dear reader, this\nis, not a file of quotes\n"),
-                                folder.write("binary.csv", QByteArray(100, '\0')), folder.write("empty.csv", "")}) {
+    for (const QString &path :
+         {folder.folder.filePath(QStringLiteral("none.csv")), folder.folder.path(),
+          folder.write("prose.csv", "Dear reader, this\nis, not a file of quotes\n"),
+          folder.write("binary.csv", QByteArray(100, '\0')), folder.write("empty.csv", "")}) {
         QuoteFile file;
         file.path = path;
         Replay replay(book);
@@ -231,12 +248,14 @@ TEST(QuoteMarket, FourPairsLiveAtEveryPeriod) {
     QuoteBook book;
     Market market(book, 1, [] { return wednesday(); });
     market.open();
-    EXPECT_EQ(book.symbols(), (QStringList{eurusd, QStringLiteral("GBP/USD"), QStringLiteral("USD/CHF"), QStringLiteral("USD/JPY")}));
+    EXPECT_EQ(book.symbols(), (QStringList{eurusd, QStringLiteral("GBP/USD"), QStringLiteral("USD/CHF"),
+                                           QStringLiteral("USD/JPY")}));
     for (const QString &symbol : book.symbols()) {
         const SymbolHistory &history = *book.history(symbol);
         EXPECT_EQ(history.info().digits, symbol.endsWith(QStringLiteral("JPY")) ? 3 : 5);
         for (const char *name : {"M1", "M5", "M10", "H1", "H3", "D1", "W1", "MN1"}) {
-            const std::vector<Bar> bars = history.bars(Side::Bid, *Period::fromName(QString::fromLatin1(name)), {200});
+            const std::vector<Bar> bars =
+                history.bars(Side::Bid, *Period::fromName(QString::fromLatin1(name)), {200});
             ASSERT_GE(bars.size(), 150u) << symbol.toStdString() << name;
             for (size_t i = 0; i < bars.size(); ++i) {
                 EXPECT_GE(bars[i].high, std::max(bars[i].open, bars[i].close));
@@ -286,7 +305,8 @@ TEST(QuoteMarket, LeavesRealQuotesAlone) {
     QuoteFolder folder;
     QuoteBook book;
     QuoteFile file;
-    file.path = folder.write("EURUSD.csv", "2012-02-01 00:00,1.30,1.35,1.29,1.31\n2012-02-01 00:01,1.31,1.32,1.28,1.29\n");
+    file.path = folder.write("EURUSD.csv",
+                             "2012-02-01 00:00,1.30,1.35,1.29,1.31\n2012-02-01 00:01,1.31,1.32,1.28,1.29\n");
     book.importFile(file);
     Market market(book, 1, [] { return wednesday(); });
     market.open();
