@@ -45,7 +45,7 @@ public:
     QString arguments() const; // "14, Simple": the parameters that are shown
 
     // All outputs that there may be; the number does not depend on the parameters.
-    virtual std::vector<LineSpec> lines() const = 0;
+    virtual std::vector<LineLook> lines() const = 0;
     // The parameters have changed: what was kept is void.
     virtual void reset() = 0;
     // Computes points `from` and later of the first source. The lines hold what lies before.

@@ -20,45 +20,45 @@ Indicator::Indicator(IndicatorService &maker, const FormulaKind &kind)
     : CalculatedObject(maker, maker.interfaceHandle()), m_service(maker), m_kind(kind),
       m_formula(kind.make()), m_identity(zeroRecord<coreNameInstrument>()) {
     fillField(m_identity.m_szNameSymbol, QString::fromLatin1(kind.name));
-    for (const LineSpec &spec : m_formula->lines()) {
+    for (const LineLook &look : m_formula->lines()) {
         Output output;
-        output.line = std::make_unique<OutputLine>(spec.style);
-        dress(*output.line->record(), spec);
+        output.line = std::make_unique<OutputLine>(look.style);
+        dress(*output.line->record(), look);
         m_outputs.push_back(std::move(output));
     }
     describe();
 }
 
 // The look that the formula suggests; only the user changes it afterwards.
-void Indicator::dress(mvDataPointArray &array, const LineSpec &spec) {
+void Indicator::dress(mvDataPointArray &array, const LineLook &look) {
     coreTypeShow &show = array.typeShow;
-    show.firstColor = spec.downColour != 0 ? spec.downColour : spec.colour;
-    show.secondColor = spec.colour;
-    show.drawKind = spec.style == LineStyle::Marks  ? DrawMarks
-                    : spec.style == LineStyle::Dots ? DrawDotsOnValues
+    show.firstColor = look.downColour != 0 ? look.downColour : look.colour;
+    show.secondColor = look.colour;
+    show.drawKind = look.style == LineStyle::Marks  ? DrawMarks
+                    : look.style == LineStyle::Dots ? DrawDotsOnValues
                                                     : DrawByStyle;
-    show.lineShowType = spec.style == LineStyle::Histogram ? ShowHistogram
-                        : spec.style == LineStyle::Marks   ? ShowMarks
+    show.lineShowType = look.style == LineStyle::Histogram ? ShowHistogram
+                        : look.style == LineStyle::Marks   ? ShowMarks
                                                            : ShowLine;
-    show.penType = eCoreTypeShowPen(spec.penType);
-    show.weightPen = spec.weight;
+    show.penType = eCoreTypeShowPen(look.penType);
+    show.weightPen = look.weight;
     show.scaleKind = int(m_formula->placement());
 }
 
 void Indicator::describe() {
     const mvDataPointArray *source = m_inputs.empty() ? nullptr : m_inputs.front().array;
-    const std::vector<LineSpec> specs = m_formula->lines();
-    for (size_t i = 0; i < specs.size(); ++i) {
+    const std::vector<LineLook> looks = m_formula->lines();
+    for (size_t i = 0; i < looks.size(); ++i) {
         Output &output = m_outputs[i];
-        output.present = specs[i].present;
-        output.name = specs[i].name;
-        output.line->setShift(specs[i].shift);
+        output.present = looks[i].present;
+        output.name = looks[i].name;
+        output.line->setShift(looks[i].shift);
         mvDataPointArray &array = *output.line->record();
-        fillField(array.identity.m_szNameSymbol, specs[i].name.left(254));
+        fillField(array.identity.m_szNameSymbol, looks[i].name.left(254));
         if (source) {
             std::memcpy(array.identity.m_szType, source->identity.m_szType, sizeof array.identity.m_szType);
             array.identity.m_periods = source->identity.m_periods;
-            array.precision = specs[i].precision >= 0 ? specs[i].precision : source->precision;
+            array.precision = looks[i].precision >= 0 ? looks[i].precision : source->precision;
             array.coord = source->coord;
         }
         if (m_formula->placement() == Placement::OwnPane)

@@ -53,7 +53,7 @@ private:
     };
 
     void describe(); // names, places and presence of the outputs, after a change of parameters or source
-    void dress(mvDataPointArray &array, const LineSpec &spec);
+    void dress(mvDataPointArray &array, const LineLook &look);
     int presentLine(int line) const; // 1-based number among the outputs that are there; 0 when it is not
     QString applyParameters(const Page &page, bool &changed);
     bool applyLook(const Page &page);

@@ -9,7 +9,7 @@ namespace desk {
 enum class LineStyle { Line, Histogram, Dots, Marks };
 
 // How an indicator's output is named and drawn, unless its user has changed that.
-struct LineSpec {
+struct LineLook {
     QString name;
     LineStyle style = LineStyle::Line;
     quint32 colour = 0xff3060c0;

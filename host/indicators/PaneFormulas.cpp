@@ -21,12 +21,12 @@ protected:
     static LevelLine levelsOf(int line, std::vector<float> levels) {
         return {line, 0xff909090, std::move(levels)};
     }
-    static LineSpec line(const QString &name, quint32 colour, int precision = -1) {
-        LineSpec spec;
-        spec.name = name;
-        spec.colour = colour;
-        spec.precision = precision;
-        return spec;
+    static LineLook line(const QString &name, quint32 colour, int precision = -1) {
+        LineLook look;
+        look.name = name;
+        look.colour = colour;
+        look.precision = precision;
+        return look;
     }
 };
 
@@ -40,8 +40,8 @@ public:
         m_histogram = addSwitch(QObject::tr("Histogram"), true);
         Macd::reset();
     }
-    std::vector<LineSpec> lines() const override {
-        std::vector<LineSpec> lines = {line(QStringLiteral("MACD (%1)").arg(arguments()), 0xff2f6fd0),
+    std::vector<LineLook> lines() const override {
+        std::vector<LineLook> lines = {line(QStringLiteral("MACD (%1)").arg(arguments()), 0xff2f6fd0),
                                        line(QStringLiteral("MACD Signal"), 0xffd07a2f),
                                        line(QStringLiteral("MACD Histogram"), 0xff8fa8b8)};
         lines[2].style = LineStyle::Histogram;
@@ -84,7 +84,7 @@ public:
         m_price = addPrice();
         Rsi::reset();
     }
-    std::vector<LineSpec> lines() const override {
+    std::vector<LineLook> lines() const override {
         return {line(QStringLiteral("RSI (%1)").arg(arguments()), 0xff7f4fc0, 2)};
     }
     void reset() override {
@@ -121,7 +121,7 @@ public:
         m_signal = addInt(QObject::tr("%D length"), 3, 1, 100);
         Stochastic::reset();
     }
-    std::vector<LineSpec> lines() const override {
+    std::vector<LineLook> lines() const override {
         return {line(QStringLiteral("Stochastic %K (%1)").arg(arguments()), 0xff2f6fd0, 2),
                 line(QStringLiteral("Stochastic %D"), 0xffd0453f, 2)};
     }
@@ -164,7 +164,7 @@ public:
         m_length = addInt(QObject::tr("Length"), 14, 1, 500);
         AverageTrueRange::reset();
     }
-    std::vector<LineSpec> lines() const override {
+    std::vector<LineLook> lines() const override {
         return {line(QStringLiteral("ATR (%1)").arg(arguments()), 0xff2f8f8f)};
     }
     void reset() override { m_average = Average(AverageMethod::Smoothed, intOf(m_length)); }
@@ -190,7 +190,7 @@ private:
 class CommodityChannel : public PaneFormula {
 public:
     CommodityChannel() { m_length = addInt(QObject::tr("Length"), 14, 2, 500); }
-    std::vector<LineSpec> lines() const override {
+    std::vector<LineLook> lines() const override {
         return {line(QStringLiteral("CCI (%1)").arg(arguments()), 0xffb0782f, 1)};
     }
     void compute(const Sources &sources, int from, const Lines &lines) override {
@@ -224,7 +224,7 @@ public:
         m_length = addInt(QObject::tr("Length"), 14, 1, 500);
         m_price = addPrice();
     }
-    std::vector<LineSpec> lines() const override {
+    std::vector<LineLook> lines() const override {
         return {line(QStringLiteral("Momentum (%1)").arg(arguments()), 0xff4f7fb0, 3)};
     }
     void compute(const Sources &sources, int from, const Lines &lines) override {
@@ -242,11 +242,11 @@ private:
 
 class Volume : public PaneFormula {
 public:
-    std::vector<LineSpec> lines() const override {
-        LineSpec spec = line(QStringLiteral("Volume"), 0xff6f8fa8, 0);
-        spec.style = LineStyle::Histogram;
-        spec.weight = 2;
-        return {spec};
+    std::vector<LineLook> lines() const override {
+        LineLook look = line(QStringLiteral("Volume"), 0xff6f8fa8, 0);
+        look.style = LineStyle::Histogram;
+        look.weight = 2;
+        return {look};
     }
     void compute(const Sources &sources, int from, const Lines &lines) override {
         for (int i = from; i < sources[0].count(); ++i)
@@ -257,7 +257,7 @@ public:
 // What one franc and one euro cost together, in dollars.
 class PairSum : public PaneFormula {
 public:
-    std::vector<LineSpec> lines() const override { return {line(QStringLiteral("CHF+EUR"), 0xff9f5f2f, 5)}; }
+    std::vector<LineLook> lines() const override { return {line(QStringLiteral("CHF+EUR"), 0xff9f5f2f, 5)}; }
     QStringList symbols() const override { return {QStringLiteral("EUR/USD"), QStringLiteral("USD/CHF")}; }
     void compute(const Sources &sources, int from, const Lines &lines) override {
         const SourceView &euro = sources[0];

@@ -41,8 +41,8 @@ public:
         m_price = addPrice();
         MovingAverage::reset();
     }
-    std::vector<LineSpec> lines() const override {
-        LineSpec line;
+    std::vector<LineLook> lines() const override {
+        LineLook line;
         line.name = QStringLiteral("MA (%1)").arg(arguments());
         line.colour = 0xff2f6fd0;
         line.shift = intOf(m_shift);
@@ -68,8 +68,8 @@ public:
         m_senkou = addInt(QObject::tr("Senkou span B"), 52, 1, 500);
         m_chikou = addSwitch(QObject::tr("Chikou span"), true);
     }
-    std::vector<LineSpec> lines() const override {
-        std::vector<LineSpec> lines(5);
+    std::vector<LineLook> lines() const override {
+        std::vector<LineLook> lines(5);
         const char *const names[] = {"Tenkan-sen", "Kijun-sen", "Senkou span A", "Senkou span B",
                                      "Chikou span"};
         const quint32 colours[] = {0xffc03030, 0xff3050b0, 0xffb5dcbd, 0xfff0cdb2, 0xff808080};
@@ -107,8 +107,8 @@ public:
         m_step = addDouble(QObject::tr("Step"), 0.02, 0.001, 1, 3);
         m_limit = addDouble(QObject::tr("Limit"), 0.2, 0.01, 1, 2);
     }
-    std::vector<LineSpec> lines() const override {
-        LineSpec line;
+    std::vector<LineLook> lines() const override {
+        LineLook line;
         line.name = QStringLiteral("SAR (%1)").arg(arguments());
         line.style = LineStyle::Dots;
         line.colour = 0xff8a4fc0;
@@ -179,8 +179,8 @@ public:
         m_price = addPrice();
         m_middle = addSwitch(QObject::tr("Middle line"), true);
     }
-    std::vector<LineSpec> lines() const override {
-        std::vector<LineSpec> lines(3);
+    std::vector<LineLook> lines() const override {
+        std::vector<LineLook> lines(3);
         const char *const names[] = {"Upper", "Middle", "Lower"};
         for (size_t i = 0; i < lines.size(); ++i) {
             lines[i].name = QStringLiteral("Bollinger %1 (%2)").arg(QLatin1String(names[i]), arguments());
@@ -227,8 +227,8 @@ public:
         m_length = addInt(QObject::tr("Length"), 20, 1, 1000);
         m_middle = addSwitch(QObject::tr("Middle line"), true);
     }
-    std::vector<LineSpec> lines() const override {
-        std::vector<LineSpec> lines(3);
+    std::vector<LineLook> lines() const override {
+        std::vector<LineLook> lines(3);
         const char *const names[] = {"High", "Middle", "Low"};
         const quint32 colours[] = {0xff2f9f6f, 0xff9f9f9f, 0xffc0503f};
         for (size_t i = 0; i < lines.size(); ++i) {
@@ -261,8 +261,8 @@ private:
 // so downwards. Of equal bars in a row the first one counts.
 class Fractals : public Formula {
 public:
-    std::vector<LineSpec> lines() const override {
-        LineSpec line;
+    std::vector<LineLook> lines() const override {
+        LineLook line;
         line.name = QStringLiteral("Fractals");
         line.style = LineStyle::Marks;
         line.colour = topColour;

@@ -14,7 +14,7 @@ struct HistoryWindow {
     qint32 from = INT_MAX;
 };
 
-// All quotes of one symbol: those of the store, those that a market made, and those of this session. Bars are
+// All quotes of one symbol: those of the store, those that a market made, and those of this run. Bars are
 // put together from what is there: the coarsest bars that fit, finer ones and ticks where they have none.
 class SymbolHistory {
 public:
@@ -29,10 +29,10 @@ public:
     // The newest quote, made of a bar's close when there are no ticks.
     std::optional<Tick> last() const { return m_last; }
 
-    // Takes a quote of this session; false when its time goes back.
+    // Takes a quote of this run; false when its time goes back.
     bool add(const Tick &tick);
     const std::vector<Tick> &liveTicks() const { return m_live; }
-    // The session's quotes are in the store from now on.
+    // The quotes of this run are in the store from now on.
     void liveStored();
     // Bars that are not in the store.
     void addMade(Side side, Period period, std::vector<Bar> bars);
@@ -60,7 +60,7 @@ private:
     SymbolInfo m_info;
     std::vector<Source> m_sources;
     std::vector<Tick> m_live;
-    BarBuilder m_liveBid; // of one minute, of the session's quotes
+    BarBuilder m_liveBid; // of one minute, of the quotes of this run
     BarBuilder m_liveAsk;
     BarBuilder m_liveMiddle;
     std::optional<Tick> m_last;

@@ -1,5 +1,5 @@
 // Broken lines, and files that are none.
-#include "quotes_helpers.h"
+#include "quotes_folder.h"
 #include <QElapsedTimer>
 #include <unistd.h>
 

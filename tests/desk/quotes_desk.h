@@ -11,7 +11,7 @@
 #include "host/quotes/QuoteBook.h"
 #include "module/HostMessages.h"
 #include "module/HostRecords.h"
-#include "quotes_helpers.h"
+#include "quotes_folder.h"
 #include <random>
 
 namespace desk {

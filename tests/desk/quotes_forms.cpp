@@ -1,6 +1,6 @@
 // Every form in which a file of quotes may be written.
 #include "host/quotes/FormFinder.h"
-#include "quotes_helpers.h"
+#include "quotes_folder.h"
 
 using namespace desk;
 

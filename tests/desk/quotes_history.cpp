@@ -1,7 +1,7 @@
 // The store, and bars put together from finer ones.
 #include "host/quotes/BarBuilder.h"
 #include "host/quotes/QuoteBook.h"
-#include "quotes_helpers.h"
+#include "quotes_folder.h"
 #include <QElapsedTimer>
 #include <random>
 

@@ -4,7 +4,7 @@
 #include "host/quotes/Market.h"
 #include "host/quotes/QuoteBook.h"
 #include "host/quotes/Replay.h"
-#include "quotes_helpers.h"
+#include "quotes_folder.h"
 #include <QSignalSpy>
 #include <QTcpServer>
 #include <QTcpSocket>
