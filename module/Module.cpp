@@ -148,7 +148,7 @@ Word CModule::CreateEvent(const QString &name) {
     coreEventCreation record = zeroRecord<coreEventCreation>();
     fillField(record.name, name);
     SendCore(ToHost::CreateEvent, &record, 0);
-    m_events.emplace(name, record.id);
+    m_events.emplace(name, Word(record.id)); // a copy: the packed field may lie at an odd address
     return record.id;
 }
 

@@ -61,6 +61,8 @@ void CRGraphWidget::OnDeleteIndByType() {
         if (!guard)
             return;
     }
+    if (!guard)
+        return;
     for (CRGraphArea *area : m_areas)
         area->UpdateData();
     UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);
