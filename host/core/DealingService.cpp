@@ -73,7 +73,7 @@ mvdDealAccount DealingService::account() const {
 }
 
 void DealingService::answerAccounts(mvdList &list) const {
-    const int count = std::min(1, list.count);
+    const int count = std::min(1, int(list.count));
     if (count == 1 && list.records) {
         const mvdDealAccount record = account();
         std::memcpy(list.records, &record, sizeof record);
@@ -82,7 +82,7 @@ void DealingService::answerAccounts(mvdList &list) const {
 }
 
 void DealingService::answerDayOff(mvdList &list) const {
-    const int count = std::min(std::max(0, list.count), int(m_dayOff.size()));
+    const int count = std::min(std::max(0, int(list.count)), int(m_dayOff.size()));
     auto *records = static_cast<mvdDayOff *>(list.records);
     for (int i = 0; records && i < count; ++i) {
         records[i] = zeroRecord<mvdDayOff>();

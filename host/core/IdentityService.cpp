@@ -94,7 +94,7 @@ bool IdentityService::linkCount(CalculatedObject &object, int lParam) {
 bool IdentityService::links(CalculatedObject &object, int lParam) {
     auto &list = *fromWord<coreListIndicatorLinks>(lParam);
     const std::vector<coreIndicatorLinks> links = object.links();
-    const int count = std::min(std::max(0, list.count), int(links.size()));
+    const int count = std::min(std::max(0, int(list.count)), int(links.size()));
     if (list.links)
         std::copy_n(links.begin(), count, list.links);
     list.count = count;
@@ -132,7 +132,8 @@ bool IdentityService::levels(CalculatedObject &object, int lParam) {
     record.line = line.line;
     record.count = count;
     record.color = line.colour;
-    std::memcpy(record.levels, line.levels.data(), std::size_t(count) * sizeof(float));
+    for (int i = 0; i < count; ++i)
+        record.levels[i] = line.levels[std::size_t(i)];
     return true;
 }
 

@@ -57,7 +57,7 @@ void InterfaceService::find(const coreNameInterfaceRequest &request) {
     const std::vector<Handle> found =
         host().interfaces().findAll(fieldBytes(request.names.nameIntreface), fieldBytes(request.names.nameProvider),
                                     fieldBytes(request.names.nameObject));
-    const std::size_t room = std::max<Word>(1, request.mode);
+    const std::size_t room = std::max(Word(1), Word(request.mode));
     std::copy_n(found.begin(), std::min(room, found.size()), fromWord<Word>(request.result));
 }
 

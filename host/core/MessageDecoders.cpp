@@ -106,7 +106,7 @@ QString arrayList(int wParam, int lParam, bool answered) {
     QStringList parts{QStringLiteral("handle %1").arg(hexText(quint32(wParam))),
                       QStringLiteral("count %1").arg(list->count)};
     // Before the answer the pointers are only room, except in a hand-over, where the reader cannot tell.
-    for (int i = 0; answered && list->arrays && i < std::min(list->count, mostListed); ++i)
+    for (int i = 0; answered && list->arrays && i < std::min(int(list->count), mostListed); ++i)
         parts << arrayText(list->arrays[i]);
     return parts.join(QLatin1String(", "));
 }
@@ -116,7 +116,7 @@ QString links(int wParam, int lParam, bool answered) {
     if (!list)
         return missing();
     QStringList parts{QStringLiteral("handle %1 count %2").arg(hexText(quint32(wParam))).arg(list->count)};
-    for (int i = 0; answered && list->links && i < std::min(list->count, mostListed); ++i) {
+    for (int i = 0; answered && list->links && i < std::min(int(list->count), mostListed); ++i) {
         const coreIndicatorLinks &link = list->links[i];
         parts << QStringLiteral("fill %1 lines %2-%3 mode %4")
                      .arg(link.fill)
@@ -158,7 +158,7 @@ QString levels(int wParam, int lParam, bool answered) {
     if (!answered)
         return QStringLiteral("handle %1").arg(hexText(quint32(wParam)));
     QString shown = QStringLiteral("line %1 colour %2").arg(record->line).arg(hexText(record->color));
-    for (int i = 0; i < std::min(record->count, maxHorizontLevels); ++i)
+    for (int i = 0; i < std::min(int(record->count), +maxHorizontLevels); ++i)
         shown += QStringLiteral(" %1").arg(double(record->levels[i]));
     return shown;
 }
@@ -251,7 +251,7 @@ QString languages(int wParam, int, bool answered) {
     if (!list)
         return missing();
     QStringList parts{QStringLiteral("count %1").arg(list->count)};
-    for (int i = 0; answered && list->languages && i < std::min(list->count, mostListed); ++i) {
+    for (int i = 0; answered && list->languages && i < std::min(int(list->count), mostListed); ++i) {
         parts << quoted(fieldText(list->languages[i].name)) +
                      QLatin1String(list->languages[i].current ? " current" : "");
     }
@@ -433,7 +433,7 @@ QString itemList(int wParam, int lParam, bool answered) {
     if (!list || answered)
         return QString();
     QStringList parts{QStringLiteral("window %1").arg(hexText(quint32(wParam)))};
-    for (int i = 0; list->items && i < std::min(list->count, mostListed); ++i)
+    for (int i = 0; list->items && i < std::min(int(list->count), mostListed); ++i)
         parts << instrumentText(list->items[i].instrument) + QStringLiteral(" kind %1").arg(list->items[i].kind);
     return parts.join(QLatin1String(", "));
 }

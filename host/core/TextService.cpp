@@ -63,7 +63,7 @@ bool TextService::handle(Handle, unsigned message, int wParam, int, int &result)
         list.count = int(std::size(known));
         return true;
     }
-    const int count = std::min(list.count, int(std::size(known)));
+    const int count = std::min(int(list.count), int(std::size(known)));
     for (int i = 0; list.languages && i < count; ++i) {
         fillField(list.languages[i].name, known[i].name);
         list.languages[i].current = m_language == QLatin1String(known[i].name) ? 1 : 0;

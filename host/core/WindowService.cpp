@@ -135,7 +135,7 @@ void WindowService::showLocator(const mwiLocatorMessage *message) {
     if (!message || !locatorFront)
         return;
     std::vector<LocatorLine> lines;
-    lines.reserve(std::size_t(std::max(0, message->count)));
+    lines.reserve(std::size_t(std::max(0, int(message->count))));
     for (int i = 0; message->items && i < message->count; ++i) {
         const mwiLocatorMessageItem &item = message->items[i];
         lines.push_back({fieldText(item.text), QColor::fromRgb(item.color), int(item.fontSize)});

@@ -123,7 +123,7 @@ int DealingHistoryService::outputs(Handle object, int lParam) const {
     auto &list = *fromWord<coreListCreateData>(lParam);
     const std::vector<mvDataPointArray *> arrays = report->outputs();
     if (list.arrays)
-        std::copy_n(arrays.begin(), std::min(std::max(0, list.count), int(arrays.size())), list.arrays);
+        std::copy_n(arrays.begin(), std::min(std::max(0, int(list.count)), int(arrays.size())), list.arrays);
     list.count = int(arrays.size());
     return 0;
 }

@@ -24,7 +24,7 @@ int itemCount(const PROPERTY_GROUP &group) {
 }
 
 int choiceCount(const propertyList &list) {
-    return list.entries ? std::max(0, std::min(list.count, mostChoices)) : 0;
+    return list.entries ? std::max(0, std::min(int(list.count), mostChoices)) : 0;
 }
 
 template <class T> T value(const PROPERTY &record) {
@@ -67,7 +67,7 @@ void decodeFont(const PROPERTY &record, PageItem &item) {
     QFont shown(readText(font.family, 1024));
     if (font.pointSize > 0)
         shown.setPointSize(font.pointSize);
-    shown.setWeight(qBound(0, font.weight, 99));
+    shown.setWeight(qBound(0, int(font.weight), 99));
     shown.setItalic(font.italic != 0);
     item.value = shown;
 }

@@ -66,7 +66,7 @@ void IndicatorPanel::reload() {
         std::vector<INDICATOR_DESCRIPTION> descriptions(count, zeroRecord<INDICATOR_DESCRIPTION>());
         coreIndicatorCatalogue catalogue{int(count), descriptions.data()};
         entry->service->handle(handle, ToHost::IndicatorList, toWord(&catalogue), 0, result);
-        for (int i = 0; i < std::min(catalogue.count, int(count)); ++i) {
+        for (int i = 0; i < std::min(int(catalogue.count), int(count)); ++i) {
             const INDICATOR_DESCRIPTION &description = descriptions[std::size_t(i)];
             m_entries.push_back({handle, fieldText(description.displayName),
                                  readText(description.name.m_szNameSymbol, 255), description.category});

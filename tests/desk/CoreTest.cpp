@@ -159,8 +159,8 @@ TEST_F(CoreTest, TheModuleGetsItsInterfaceHandleAndIsFoundByName) {
     request.mode = host.componentHandle();
     request.result = 1234;
     send(ToHost::RegisterInterface, toWord(&request));
-    EXPECT_NE(request.result, 1234u);
-    EXPECT_EQ(request.result, host.moduleHandle());
+    EXPECT_NE(+request.result, 1234u);
+    EXPECT_EQ(+request.result, host.moduleHandle());
     EXPECT_EQ(find("Windowcomponent", "", ""), host.moduleHandle());
 }
 
@@ -172,7 +172,7 @@ TEST_F(CoreTest, NamesAnInterfaceInsideItsThreeFields) {
     EXPECT_EQ(fieldText(names.names.nameIntreface), "CANDLE");
     EXPECT_EQ(fieldText(names.names.nameProvider), "VELMAR");
     EXPECT_EQ(fieldText(names.names.nameObject), "Test");
-    EXPECT_EQ(names.mode, 0x5a5a5a5au);
+    EXPECT_EQ(+names.mode, 0x5a5a5a5au);
     EXPECT_EQ(send(ToHost::InterfaceNames, 99, toWord(&names)), 1);
 }
 
@@ -263,10 +263,10 @@ TEST_F(CoreTest, AnObjectTellsItsIdentity) {
 
     auto identity = zeroRecord<coreIndicatorIdentity>();
     send(ToHost::Identity, int(instrument), toWord(&identity));
-    EXPECT_EQ(identity.sInterfaceObject.m_object, instrument);
+    EXPECT_EQ(+identity.sInterfaceObject.m_object, instrument);
     EXPECT_EQ(fieldText(identity.sNameInterface.nameIntreface), "CANDLE");
     EXPECT_EQ(readText(identity.sNameInstrument.m_szNameSymbol, 255), "EUR/USD");
-    EXPECT_NE(identity.nSzNumber, 0u);
+    EXPECT_NE(+identity.nSzNumber, 0u);
 }
 
 TEST_F(CoreTest, TheFullPathNamesTheSourcesTopmostFirst) {
@@ -309,18 +309,18 @@ TEST_F(CoreTest, LevelsLinksAndNamesFillTheirRecords) {
 
     auto levels = zeroRecord<coreHorizontLine>();
     send(ToHost::HorizontalLevels, int(handle), toWord(&levels));
-    EXPECT_EQ(levels.line, 1);
-    EXPECT_EQ(levels.count, 2);
-    EXPECT_EQ(levels.levels[1], 70.0f);
+    EXPECT_EQ(+levels.line, 1);
+    EXPECT_EQ(+levels.count, 2);
+    EXPECT_EQ(+levels.levels[1], 70.0f);
 
     coreIndicatorLinks room[2];
     coreListIndicatorLinks links{2, room};
     send(ToHost::Links, int(handle), toWord(&links));
-    EXPECT_EQ(links.count, 1);
-    EXPECT_EQ(room[0].colorMode, 2u);
+    EXPECT_EQ(+links.count, 1);
+    EXPECT_EQ(+room[0].colorMode, 2u);
     coreListIndicatorLinks none{0, room};
     send(ToHost::Links, int(handle), toWord(&none));
-    EXPECT_EQ(none.count, 0);
+    EXPECT_EQ(+none.count, 0);
 
     auto names = zeroRecord<coreDisplayNames>();
     fillField(names.symbol, QStringLiteral("EUR"));
@@ -334,10 +334,10 @@ TEST_F(CoreTest, LevelsLinksAndNamesFillTheirRecords) {
     EXPECT_EQ(line, 2u);
     coreBoundLine bound{2, nullptr};
     EXPECT_EQ(send(ToHost::BindLoadedLine, int(handle), toWord(&bound)), 0);
-    EXPECT_EQ(bound.array, object->outputs()[1]);
+    EXPECT_EQ(+bound.array, object->outputs()[1]);
     bound = {3, nullptr};
     EXPECT_EQ(send(ToHost::BindLoadedLine, int(handle), toWord(&bound)), 1);
-    EXPECT_EQ(bound.array, nullptr);
+    EXPECT_EQ(+bound.array, nullptr);
 
     unsigned short text[255];
     send(ToHost::MenuText, int(handle), toWord(text));
@@ -359,7 +359,7 @@ TEST_F(CoreTest, AnUpdateReachesEachSubscribedWindowOnce) {
         if (message == ToModule::UpdateData) {
             const auto &record = *fromWord<coreCoreUpdateDpaData>(wParam);
             EXPECT_EQ(Word(toWord(record.owner)), handle);
-            EXPECT_EQ(record.updateKind, 1);
+            EXPECT_EQ(+record.updateKind, 1);
             windows.push_back(Word(toWord(record.widget)));
         }
         return 0;
@@ -402,10 +402,10 @@ TEST_F(CoreTest, EventsReachTheirSubscribersWithTheirOwnPointers) {
     auto creation = zeroRecord<coreEventCreation>();
     fillField(creation.name, "SkinEventData");
     send(ToHost::CreateEvent, toWord(&creation));
-    EXPECT_NE(creation.id, 0u);
+    EXPECT_NE(+creation.id, 0u);
     const Word id = creation.id;
     send(ToHost::CreateEvent, toWord(&creation));
-    EXPECT_EQ(creation.id, id);
+    EXPECT_EQ(+creation.id, id);
 
     std::vector<MVEvent> delivered;
     answer = [&delivered](unsigned message, int wParam, int) {
@@ -417,11 +417,11 @@ TEST_F(CoreTest, EventsReachTheirSubscribersWithTheirOwnPointers) {
     event.code = 3521;
     send(ToHost::EmitEvent, int(id), toWord(&event));
     ASSERT_EQ(delivered.size(), 1u);
-    EXPECT_EQ(delivered[0].interfaceHandle, 77u);
-    EXPECT_EQ(delivered[0].subscriber, &first);
-    EXPECT_EQ(delivered[0].code, 3521u);
+    EXPECT_EQ(+delivered[0].interfaceHandle, 77u);
+    EXPECT_EQ(+delivered[0].subscriber, &first);
+    EXPECT_EQ(+delivered[0].code, 3521u);
     EXPECT_EQ(fieldText(delivered[0].name), "SkinEventData");
-    EXPECT_EQ(event.subscriber, nullptr); // the sender's record stays as it was
+    EXPECT_EQ(+event.subscriber, nullptr); // the sender's record stays as it was
 
     coreSubscriber leave{77, &first};
     send(ToHost::UnsubscribeEvent, toWord(&leave));
@@ -450,13 +450,13 @@ TEST_F(CoreTest, TextsOfTheModuleAreFoundByItsContextAndId) {
     clearRecord(languages);
     coreLanguageList list{0, nullptr};
     send(ToHost::LanguageCount, toWord(&list));
-    ASSERT_EQ(list.count, 2);
+    ASSERT_EQ(+list.count, 2);
     list.languages = languages;
     send(ToHost::Languages, toWord(&list));
     EXPECT_EQ(fieldText(languages[0].name), "English");
-    EXPECT_EQ(languages[0].current, 0u);
+    EXPECT_EQ(+languages[0].current, 0u);
     EXPECT_EQ(fieldText(languages[1].name), "Chinese (Simplified)");
-    EXPECT_EQ(languages[1].current, 1u);
+    EXPECT_EQ(+languages[1].current, 1u);
 }
 
 TEST_F(CoreTest, DatesAreTextsOfTheLanguageInUtc) {
@@ -529,7 +529,7 @@ TEST_F(CoreTest, ThePracticeAccountAnswersItsTables) {
     auto account = zeroRecord<mvdDealAccount>();
     mvdList accounts{1, &account};
     EXPECT_EQ(ask(ToHost::Accounts, toWord(&accounts), 0), 0);
-    EXPECT_EQ(account.interfaceHandle, desk);
+    EXPECT_EQ(+account.interfaceHandle, desk);
     count = 5;
     EXPECT_EQ(ask(ToHost::PositionCount, int(account.account), toWord(&count)), 0);
     EXPECT_EQ(count, 0u);
@@ -538,12 +538,12 @@ TEST_F(CoreTest, ThePracticeAccountAnswersItsTables) {
     dealing.setDayOff("USD/CHF", true);
     mvdList table{0, nullptr};
     ask(ToHost::DayOffCount, int(account.account), toWord(&table));
-    ASSERT_EQ(table.count, 1);
+    ASSERT_EQ(+table.count, 1);
     mvdDayOff row;
     table.records = &row;
     ask(ToHost::DayOffSymbols, int(account.account), toWord(&table));
     EXPECT_EQ(fieldText(row.symbol), "USD/CHF");
-    EXPECT_EQ(row.dayOff, 1u);
+    EXPECT_EQ(+row.dayOff, 1u);
 }
 
 TEST_F(CoreTest, ADayOffIsAnEventOfTheAccount) {
@@ -558,7 +558,7 @@ TEST_F(CoreTest, ADayOffIsAnEventOfTheAccount) {
     answer = [&](unsigned, int wParam, int) {
         const auto &event = *fromWord<MVEvent>(wParam);
         code = int(event.code);
-        EXPECT_EQ(event.size, int(sizeof(mvdDealAccount)));
+        EXPECT_EQ(+event.size, int(sizeof(mvdDealAccount)));
         account = static_cast<mvdDealAccount *>(event.data)->account;
         return 0;
     };

@@ -96,10 +96,10 @@ TEST_F(DeskTest, ATimeframeButtonChangesThePeriodOfTheChart) {
     click(buttonOf("periodBar", "period_D1"));
     QTest::qWait(20);
     EXPECT_EQ(instrument()->identity().m_periods.period, 'D');
-    EXPECT_EQ(instrument()->identity().m_periods.lenPeriod, 1);
+    EXPECT_EQ(+instrument()->identity().m_periods.lenPeriod, 1);
     EXPECT_TRUE(window().action("period_D1")->isChecked());
     EXPECT_FALSE(window().action("period_H1")->isChecked());
-    EXPECT_EQ(instrument()->outputs().front()->count, 13); // 300 hours of 24 a day
+    EXPECT_EQ(+instrument()->outputs().front()->count, 13); // 300 hours of 24 a day
     EXPECT_TRUE(traced().contains("3518 panel state"));
 }
 

@@ -61,7 +61,7 @@ TEST_F(IndicatorGestures, ADoubleClickAndReturnPutOneOnTheChart) {
     const QImage before = chart()->grab().toImage();
     add("Moving Average", &accept);
     ASSERT_EQ(shown().size(), 1u);
-    EXPECT_EQ(shown()[0]->outputs().front()->owner, fromWord<void>(shown()[0]->handle()));
+    EXPECT_EQ(+shown()[0]->outputs().front()->owner, fromWord<void>(shown()[0]->handle()));
     EXPECT_EQ(session().host().objects().base(shown()[0]->handle()), instrument()->handle());
     settle();
     EXPECT_NE(chart()->grab().toImage(), before);

@@ -126,36 +126,36 @@ TEST_F(PagesTest, EachKindOfItemGoesThroughItsEditorAndBack) {
     int changes = 0;
     onChange = [&](PROPERTY_CHANGE &change) {
         ++changes;
-        EXPECT_EQ(change.interfaceHandle, 11u);
+        EXPECT_EQ(+change.interfaceHandle, 11u);
         EXPECT_EQ(Word(toWord(change.owner)), 22u);
-        EXPECT_NE(change.page, &sample.record);
-        EXPECT_EQ(change.page->pageId, 7u);
+        EXPECT_NE(+change.page, &sample.record);
+        EXPECT_EQ(+change.page->pageId, 7u);
         PROPERTY **items = change.page->groups[0].items;
         EXPECT_NE(items[0], sample.pointers[0]);
-        EXPECT_EQ(static_cast<propertyInt *>(items[0]->value)->value, 6);
-        EXPECT_EQ(static_cast<propertyInt *>(items[0]->value)->maximum, 1000);
-        EXPECT_EQ(static_cast<propertyDouble *>(items[1]->value)->value, 2.25);
+        EXPECT_EQ(+static_cast<propertyInt *>(items[0]->value)->value, 6);
+        EXPECT_EQ(+static_cast<propertyInt *>(items[0]->value)->maximum, 1000);
+        EXPECT_EQ(+static_cast<propertyDouble *>(items[1]->value)->value, 2.25);
         EXPECT_EQ(fieldText(static_cast<propertyString *>(items[2]->value)->text), "older");
-        EXPECT_EQ(static_cast<propertyColor *>(items[3]->value)->rgb, QColor(1, 2, 3).rgb());
+        EXPECT_EQ(+static_cast<propertyColor *>(items[3]->value)->rgb, QColor(1, 2, 3).rgb());
         const auto *font = static_cast<propertyFont *>(items[4]->value);
         EXPECT_EQ(fieldText(font->family), "DejaVu Sans");
-        EXPECT_EQ(font->pointSize, 12);
-        EXPECT_EQ(font->weight, 75);
-        EXPECT_EQ(font->italic, 1);
+        EXPECT_EQ(+font->pointSize, 12);
+        EXPECT_EQ(+font->weight, 75);
+        EXPECT_EQ(+font->italic, 1);
         const auto *list = static_cast<propertyList *>(items[5]->value);
-        EXPECT_EQ(list->selected, 1);
-        EXPECT_NE(list->entries, sample.entries);
+        EXPECT_EQ(+list->selected, 1);
+        EXPECT_NE(+list->entries, sample.entries);
         EXPECT_EQ(fieldText(list->entries[1].text), "right");
-        EXPECT_EQ(static_cast<propertyDateTime *>(items[6]->value)->time, 1577934245u);
-        EXPECT_EQ(static_cast<propertyBoolean *>(items[7]->value)->value, 1);
-        EXPECT_NE(static_cast<propertyWidget *>(items[8]->value)->windowId, 0u);
+        EXPECT_EQ(+static_cast<propertyDateTime *>(items[6]->value)->time, 1577934245u);
+        EXPECT_EQ(+static_cast<propertyBoolean *>(items[7]->value)->value, 1);
+        EXPECT_NE(+static_cast<propertyWidget *>(items[8]->value)->windowId, 0u);
         return 0;
     };
     apply();
     EXPECT_EQ(changes, 1);
     // The module's own page is not written, but for the window id.
-    EXPECT_EQ(sample.integer.value, 5);
-    EXPECT_EQ(sample.flag.value, 0);
+    EXPECT_EQ(+sample.integer.value, 5);
+    EXPECT_EQ(+sample.flag.value, 0);
     apply();
     EXPECT_EQ(changes, 1); // nothing more to apply
 }

@@ -72,8 +72,8 @@ TEST_F(DeskTest, AReportOpensInAChartOfItsOwn) {
             continue;
         ++reports;
         ASSERT_EQ(object->outputs().size(), 2u);
-        EXPECT_GT(object->outputs()[1]->count, 0);
-        EXPECT_EQ(object->outputs()[0]->owner, fromWord<void>(handle));
+        EXPECT_GT(+object->outputs()[1]->count, 0);
+        EXPECT_EQ(+object->outputs()[0]->owner, fromWord<void>(handle));
     }
     EXPECT_EQ(reports, 1);
 }
