@@ -26,7 +26,7 @@ protected:
         environment.remove("QT_QPA_PLATFORM");
         // The platform's own leftovers are none of ours; this concerns builds with a leak check only.
         environment.insert("LSAN_OPTIONS", "print_suppressions=0:suppressions=" +
-                                               QStringLiteral(VELMAR_SOURCE_DIR "/tests/desk/leaks.supp"));
+                                               QStringLiteral(VELMAR_SOURCE_DIR "/tests/suppressions/leaks.supp"));
         process.setProcessEnvironment(environment);
         process.start(QStringLiteral(VELMAR_DESK), arguments);
         process.write(input);
