@@ -96,7 +96,8 @@ int IndicatorService::catalogue(int wParam) const {
         return 1;
     auto &list = *fromWord<coreIndicatorCatalogue>(wParam);
     const std::vector<FormulaKind> &kinds = formulaKinds();
-    const int count = std::min(std::max(0, list.count), int(kinds.size()));
+    const int room = list.count;
+    const int count = std::min(std::max(0, room), int(kinds.size()));
     for (int i = 0; i < count && list.descriptions; ++i) {
         INDICATOR_DESCRIPTION &description = list.descriptions[i];
         clearRecord(description);
@@ -190,7 +191,8 @@ int IndicatorService::outputs(Handle object, int lParam) {
         return 1;
     auto &list = *fromWord<coreListCreateData>(lParam);
     const std::vector<mvDataPointArray *> arrays = indicator->outputs();
-    const int count = std::min(std::max(0, list.count), int(arrays.size()));
+    const int room = list.count;
+    const int count = std::min(std::max(0, room), int(arrays.size()));
     if (list.arrays)
         std::copy_n(arrays.begin(), count, list.arrays);
     list.count = int(arrays.size());

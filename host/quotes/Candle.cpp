@@ -193,7 +193,7 @@ std::unique_ptr<Page> Candle::page() const {
     add(PageItem::Colour, ItemFall, QObject::tr("Falling"), QColor(show.secondColor));
     PageItem &kind =
         add(PageItem::List, ItemDrawKind, QObject::tr("Drawn as"),
-            int(std::find(std::begin(drawKinds), std::end(drawKinds), show.drawKind) - drawKinds));
+            int(std::find(std::begin(drawKinds), std::end(drawKinds), Word(show.drawKind)) - drawKinds));
     kind.choices = QStringList{QObject::tr("Candles"), QObject::tr("Bars"), QObject::tr("Line"),
                                QObject::tr("Wide candles"), QObject::tr("Dots")};
     PageItem &weight = add(PageItem::Int, ItemWeight, QObject::tr("Line width"), show.weightPen);

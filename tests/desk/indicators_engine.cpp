@@ -75,8 +75,8 @@ TEST_F(IndicatorEngine, CatalogueNamesEveryKindWithItsCategory) {
     coreIndicatorCatalogue small{1, list.data()};
     std::memset(static_cast<void *>(&list[1]), 0x55, sizeof list[1]);
     sendTo(indicators->interfaceHandle(), ToHost::IndicatorList, toWord(&small));
-    EXPECT_EQ(small.count, int(count));
-    EXPECT_EQ(list[1].category, 0x55555555u);
+    EXPECT_EQ(+small.count, int(count));
+    EXPECT_EQ(+list[1].category, 0x55555555u);
 }
 
 TEST_F(IndicatorEngine, FoundByTripleOnce) {
@@ -103,22 +103,22 @@ TEST_F(IndicatorEngine, IdentityOfAnIndicator) {
     const Handle ma = indicator("MA", macd);
     auto record = zeroRecord<coreIndicatorIdentity>();
     send(ToHost::Identity, int(macd), toWord(&record));
-    EXPECT_EQ(record.sInterfaceObject.m_if, indicators->interfaceHandle());
-    EXPECT_EQ(record.sInterfaceObject.m_object, macd);
+    EXPECT_EQ(+record.sInterfaceObject.m_if, indicators->interfaceHandle());
+    EXPECT_EQ(+record.sInterfaceObject.m_object, macd);
     EXPECT_EQ(fieldText(record.sNameInterface.nameIntreface), QStringLiteral("MVINDICATORS"));
     EXPECT_EQ(fieldText(record.sNameInterface.nameObject), QStringLiteral("BinIndicators"));
     EXPECT_EQ(fieldText(record.sNameInstrument.m_szNameSymbol), QStringLiteral("MACD"));
-    EXPECT_EQ(record.sNameInstrument.m_periods.lenPeriod, 5);
-    EXPECT_EQ(record.m_nLevelDpa, 1u);
+    EXPECT_EQ(+record.sNameInstrument.m_periods.lenPeriod, 5);
+    EXPECT_EQ(+record.m_nLevelDpa, 1u);
     send(ToHost::Identity, int(ma), toWord(&record));
-    EXPECT_EQ(record.m_nLevelDpa, 2u);
+    EXPECT_EQ(+record.m_nLevelDpa, 2u);
     Word text[256] = {};
     send(ToHost::MenuText, int(ma), toWord(text));
     EXPECT_EQ(readEndedText(reinterpret_cast<const Unit16 *>(text)),
               QStringLiteral("Moving Average (14, Simple)"));
-    EXPECT_EQ(arrays(base)[0]->coord.rank, 0u);
-    EXPECT_EQ(arrays(macd)[0]->coord.rank, 1u);
-    EXPECT_EQ(arrays(ma)[0]->coord.rank, 2u);
+    EXPECT_EQ(+arrays(base)[0]->coord.rank, 0u);
+    EXPECT_EQ(+arrays(macd)[0]->coord.rank, 1u);
+    EXPECT_EQ(+arrays(ma)[0]->coord.rank, 2u);
 }
 
 TEST_F(IndicatorEngine, OutputsAreDrawnAsTheirKindAsks) {
@@ -140,20 +140,20 @@ TEST_F(IndicatorEngine, OutputsAreDrawnAsTheirKindAsks) {
         const Handle handle = indicator(expected.name, base);
         const std::vector<mvDataPointArray *> lines = arrays(handle);
         ASSERT_EQ(int(lines.size()), expected.outputs) << expected.name;
-        EXPECT_EQ(lines.back()->typeShow.drawKind, expected.drawKind) << expected.name;
-        EXPECT_EQ(lines.back()->typeShow.lineShowType, expected.style) << expected.name;
-        EXPECT_EQ(lines.front()->typeShow.scaleKind, expected.placement) << expected.name;
+        EXPECT_EQ(+lines.back()->typeShow.drawKind, expected.drawKind) << expected.name;
+        EXPECT_EQ(+lines.back()->typeShow.lineShowType, expected.style) << expected.name;
+        EXPECT_EQ(+lines.front()->typeShow.scaleKind, expected.placement) << expected.name;
         std::set<QString> names;
         for (const mvDataPointArray *line : lines) {
             EXPECT_EQ(Handle(toWord(line->owner)), handle);
-            EXPECT_GE(line->typeShow.weightPen, 1);
-            EXPECT_NE(line->typeShow.penType, eCoreTypeShowPenNone);
+            EXPECT_GE(+line->typeShow.weightPen, 1);
+            EXPECT_NE(+line->typeShow.penType, eCoreTypeShowPenNone);
             EXPECT_TRUE(
                 fieldText(line->identity.m_szNameSymbol).startsWith(QString::fromLatin1(expected.name)));
             names.insert(fieldText(line->identity.m_szNameSymbol));
-            EXPECT_EQ(line->coord.axis == arrays(base)[0]->coord.axis, expected.placement == 0)
+            EXPECT_EQ(+line->coord.axis == +arrays(base)[0]->coord.axis, expected.placement == 0)
                 << expected.name;
-            EXPECT_GT(line->count, 0) << expected.name;
+            EXPECT_GT(+line->count, 0) << expected.name;
         }
         EXPECT_EQ(names.size(), lines.size()) << "a rebuild matches outputs by name";
     }
@@ -161,29 +161,29 @@ TEST_F(IndicatorEngine, OutputsAreDrawnAsTheirKindAsks) {
 
 TEST_F(IndicatorEngine, LevelsAndLinks) {
     const coreHorizontLine rsi = levels(indicator("RSI", base));
-    EXPECT_EQ(rsi.line, 1);
-    ASSERT_EQ(rsi.count, 2);
-    EXPECT_EQ(rsi.levels[0], 30.f);
-    EXPECT_EQ(rsi.levels[1], 70.f);
+    EXPECT_EQ(+rsi.line, 1);
+    ASSERT_EQ(+rsi.count, 2);
+    EXPECT_EQ(+rsi.levels[0], 30.f);
+    EXPECT_EQ(+rsi.levels[1], 70.f);
     const coreHorizontLine stochastic = levels(indicator("Stochastic", base));
-    EXPECT_EQ(stochastic.levels[0], 20.f);
-    EXPECT_EQ(stochastic.levels[1], 80.f);
+    EXPECT_EQ(+stochastic.levels[0], 20.f);
+    EXPECT_EQ(+stochastic.levels[1], 80.f);
     const coreHorizontLine macd = levels(indicator("MACD", base));
-    ASSERT_EQ(macd.count, 1);
-    EXPECT_EQ(macd.levels[0], 0.f);
-    EXPECT_EQ(levels(indicator("MA", base)).line, 0);
+    ASSERT_EQ(+macd.count, 1);
+    EXPECT_EQ(+macd.levels[0], 0.f);
+    EXPECT_EQ(+levels(indicator("MA", base)).line, 0);
 
     const std::vector<coreIndicatorLinks> cloud = links(indicator("Ichimoku", base));
     ASSERT_EQ(cloud.size(), 1u);
-    EXPECT_EQ(cloud[0].fill, 1u);
-    EXPECT_EQ(cloud[0].firstLine, 3);
-    EXPECT_EQ(cloud[0].secondLine, 4);
-    EXPECT_EQ(cloud[0].colorMode, 2u);
+    EXPECT_EQ(+cloud[0].fill, 1u);
+    EXPECT_EQ(+cloud[0].firstLine, 3);
+    EXPECT_EQ(+cloud[0].secondLine, 4);
+    EXPECT_EQ(+cloud[0].colorMode, 2u);
     const Handle bands = indicator("Bollinger", base);
     ASSERT_EQ(links(bands).size(), 1u);
-    EXPECT_EQ(links(bands)[0].secondLine, 3);
+    EXPECT_EQ(+links(bands)[0].secondLine, 3);
     EXPECT_EQ(set(bands, "Middle line", false), QString());
-    EXPECT_EQ(links(bands)[0].secondLine, 2) << "line numbers follow the outputs";
+    EXPECT_EQ(+links(bands)[0].secondLine, 2) << "line numbers follow the outputs";
     EXPECT_TRUE(links(indicator("MA", base)).empty());
 }
 
@@ -210,7 +210,7 @@ TEST_F(IndicatorEngine, SettingsOfTheDialogHoldBeforeAnyChartKnowsTheIndicator) 
     };
     const Handle handle = indicator("MA", base);
     EXPECT_TRUE(updatesOf(handle).empty());
-    EXPECT_EQ(arrays(handle)[0]->count, 300 - 49);
+    EXPECT_EQ(+arrays(handle)[0]->count, 300 - 49);
     EXPECT_EQ(fieldText(arrays(handle)[0]->identity.m_szNameSymbol), QStringLiteral("MA (50, Simple)"));
 }
 
@@ -232,7 +232,7 @@ TEST_F(IndicatorEngine, QuoteReachesAllThatIsBuiltOnTheInstrument) {
     EXPECT_EQ(told[2].object, ma);
     for (const Update &update : told)
         EXPECT_EQ(update.kind, 0);
-    EXPECT_EQ(arrays(ma)[0]->count, before + 1);
+    EXPECT_EQ(+arrays(ma)[0]->count, before + 1);
 }
 
 TEST_F(IndicatorEngine, PeriodChangeOfTheInstrumentPassesOn) {
@@ -247,19 +247,19 @@ TEST_F(IndicatorEngine, PeriodChangeOfTheInstrumentPassesOn) {
     for (const Update &update : told)
         EXPECT_EQ(update.kind, 1);
     for (const Handle handle : {macd, ma}) {
-        EXPECT_EQ(arrays(handle)[0]->identity.m_periods.lenPeriod, 10);
+        EXPECT_EQ(+arrays(handle)[0]->identity.m_periods.lenPeriod, 10);
         EXPECT_EQ(fieldText(arrays(handle)[0]->identity.m_szType), QStringLiteral("Ask"));
     }
-    EXPECT_EQ(arrays(macd)[0]->count, 150 - 25);
+    EXPECT_EQ(+arrays(macd)[0]->count, 150 - 25);
 }
 
 TEST_F(IndicatorEngine, SumFollowsThePeriodOfTheChartBesideIt) {
     give("USD/CHF", walk(300, 9));
     const Handle sum = indicator("CHF+EUR", 0);
-    EXPECT_EQ(arrays(sum)[0]->identity.m_periods.lenPeriod, 5);
+    EXPECT_EQ(+arrays(sum)[0]->identity.m_periods.lenPeriod, 5);
     auto record = zeroRecord<coreIndicatorIdentity>();
     send(ToHost::Identity, int(sum), toWord(&record));
-    EXPECT_EQ(record.m_nLevelDpa, 1u);
+    EXPECT_EQ(+record.m_nLevelDpa, 1u);
     coreFullPathHandle path{nullptr, 1};
     send(ToHost::FullPath, int(sum), toWord(&path));
     EXPECT_EQ(Handle(toWord(path.buffer)), sum) << "it is not taken for an instrument";
@@ -267,7 +267,7 @@ TEST_F(IndicatorEngine, SumFollowsThePeriodOfTheChartBesideIt) {
     coreNameInstrument wanted = arrays(base)[0]->identity;
     wanted.m_periods = {'I', 60, 0};
     send(ToHost::ChangeArray, int(base), toWord(&wanted));
-    EXPECT_EQ(arrays(sum)[0]->identity.m_periods.lenPeriod, 60);
+    EXPECT_EQ(+arrays(sum)[0]->identity.m_periods.lenPeriod, 60);
     ASSERT_EQ(updatesOf(sum).size(), 1u);
     EXPECT_EQ(updatesOf(sum)[0].kind, 1);
 }
@@ -284,7 +284,7 @@ TEST_F(IndicatorEngine, ParameterRenamesAndRecomputes) {
     EXPECT_EQ(told[1].object, ma);
     EXPECT_EQ(told[1].kind, 1);
     EXPECT_EQ(told[2].object, above);
-    EXPECT_EQ(arrays(above)[0]->count, 300 - 19 - 13);
+    EXPECT_EQ(+arrays(above)[0]->count, 300 - 19 - 13);
 }
 
 TEST_F(IndicatorEngine, ParameterThatDropsAnOutputRebuilds) {
@@ -305,7 +305,7 @@ TEST_F(IndicatorEngine, LookChangesWithoutNewValues) {
     const Handle ma = indicator("MA", base);
     told.clear();
     EXPECT_EQ(set(ma, "Colour", QColor(10, 20, 30)), QString());
-    EXPECT_EQ(arrays(ma)[0]->typeShow.secondColor, QColor(10, 20, 30).rgb());
+    EXPECT_EQ(+arrays(ma)[0]->typeShow.secondColor, QColor(10, 20, 30).rgb());
     ASSERT_EQ(told.size(), 1u);
     EXPECT_EQ(told[0].kind, 2);
     told.clear();
@@ -322,7 +322,7 @@ TEST_F(IndicatorEngine, ValuesOutOfRangeAreRefused) {
     EXPECT_FALSE(set(ma, "Method", 9).isEmpty());
     EXPECT_FALSE(object(ma)->applyPage(Page()).isEmpty());
     EXPECT_TRUE(told.empty());
-    EXPECT_EQ(arrays(ma)[0]->count, 300 - 13);
+    EXPECT_EQ(+arrays(ma)[0]->count, 300 - 13);
 }
 
 TEST_F(IndicatorEngine, WithoutAChartItRestsAndComesBackUpToDate) {
@@ -334,10 +334,10 @@ TEST_F(IndicatorEngine, WithoutAChartItRestsAndComesBackUpToDate) {
     told.clear();
     quote("EUR/USD", walk(300).back().time + 300, 1.31f);
     EXPECT_EQ(told.size(), 1u);
-    EXPECT_EQ(arrays(ma)[0]->count, before) << "nobody looks";
+    EXPECT_EQ(+arrays(ma)[0]->count, before) << "nobody looks";
     subscribe(above);
-    EXPECT_EQ(arrays(ma)[0]->count, before + 1);
-    EXPECT_EQ(arrays(above)[0]->count, before + 1 - 13);
+    EXPECT_EQ(+arrays(ma)[0]->count, before + 1);
+    EXPECT_EQ(+arrays(above)[0]->count, before + 1 - 13);
 }
 
 TEST_F(IndicatorEngine, SourceKeepsComputingForWhatIsBuiltOnIt) {
@@ -346,7 +346,7 @@ TEST_F(IndicatorEngine, SourceKeepsComputingForWhatIsBuiltOnIt) {
     subscribe(ma, window, false);
     const int before = arrays(above)[0]->count;
     quote("EUR/USD", walk(300).back().time + 300, 1.31f);
-    EXPECT_EQ(arrays(above)[0]->count, before + 1);
+    EXPECT_EQ(+arrays(above)[0]->count, before + 1);
 }
 
 TEST_F(IndicatorEngine, StoredNumberGivesTheSameObjectToAllItsOutputs) {
@@ -386,9 +386,9 @@ TEST_F(IndicatorEngine, OlderHistoryReachesTheIndicators) {
     give("GBP/USD", walk(8000, 4));
     const Handle series = instrument("GBP/USD", "Bid", {'I', 5});
     const Handle ma = indicator("MA", series);
-    EXPECT_EQ(arrays(ma)[0]->count, 5000 - 13);
+    EXPECT_EQ(+arrays(ma)[0]->count, 5000 - 13);
     sendTo(candles->interfaceHandle(), ToHost::OlderData, int(series), 86400);
-    EXPECT_EQ(arrays(ma)[0]->count, arrays(series)[0]->count - 13);
+    EXPECT_EQ(+arrays(ma)[0]->count, +arrays(series)[0]->count - 13);
     EXPECT_EQ(updatesOf(ma).back().kind, 1);
 }
 

@@ -159,7 +159,7 @@ TEST_F(IndicatorValues, MovingAverages) {
     set(ma, "Length", 1);
     expectLine(ma, 1, column(bars, &Bar::high));
     set(ma, "Length", 1000);
-    EXPECT_EQ(arrays(ma)[0]->count, 0) << "longer than the series";
+    EXPECT_EQ(+arrays(ma)[0]->count, 0) << "longer than the series";
 }
 
 TEST_F(IndicatorValues, ShiftedAverageReachesIntoTheFuture) {
@@ -373,7 +373,7 @@ TEST_F(IndicatorValues, SumOfFrancAndEuroInDollars) {
     const Handle sum = indicator("CHF+EUR", 0);
     ASSERT_NE(sum, 0u);
     const std::vector<corePointValue> held = points<corePointValue>(arrays(sum)[0]);
-    ASSERT_EQ(arrays(sum)[0]->identity.m_periods.lenPeriod, 5) << "it stands beside a chart of five minutes";
+    ASSERT_EQ(+arrays(sum)[0]->identity.m_periods.lenPeriod, 5) << "it stands beside a chart of five minutes";
     ASSERT_EQ(held.size(), bars.size() - 1);
     for (size_t i = 0; i < held.size(); ++i) {
         ASSERT_EQ(held[i].time, bars[i + 1].time);
@@ -461,7 +461,7 @@ TEST_F(IndicatorValues, QuoteCostsTheSameOnALongSeries) {
         give(symbol, series);
         const Handle instrumentHandle = instrument(symbol, "Bid", {'I', 5});
         sendTo(candles->interfaceHandle(), ToHost::OlderData, int(instrumentHandle), 2000000000);
-        EXPECT_EQ(arrays(instrumentHandle)[0]->count, count);
+        EXPECT_EQ(+arrays(instrumentHandle)[0]->count, count);
         for (const char *name :
              {"MA", "Bollinger", "MACD", "Ichimoku", "RSI", "Stochastic", "ATR", "CCI", "SAR", "Fractals"})
             EXPECT_NE(indicator(name, instrumentHandle), 0u);

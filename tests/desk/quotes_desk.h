@@ -115,12 +115,12 @@ protected:
         std::vector<mvDataPointArray *> result(word(ToHost::OutputCount, object));
         coreListCreateData list{int(result.size()), result.data()};
         EXPECT_EQ(send(ToHost::OutputArrays, int(object), toWord(&list)), 0);
-        EXPECT_EQ(list.count, int(result.size()));
+        EXPECT_EQ(+list.count, int(result.size()));
         return result;
     }
     template <class Point>
     static std::vector<Point> points(const mvDataPointArray *array) {
-        EXPECT_EQ(array->recordSize, sizeof(Point));
+        EXPECT_EQ(+array->recordSize, sizeof(Point));
         std::vector<Point> result(size_t(array->count));
         if (array->count > 0)
             std::memcpy(static_cast<void *>(result.data()), array->data, result.size() * sizeof(Point));
