@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -63,14 +64,17 @@ void CPropertyHead::ReNameDatePage(const QString &title) {
 void CPropertyHead::CopyPage(const PROPERTY_PAGE &page) {
     if (&page == &m_page)
         return;
-    freeMemoAllGroup();
+    // Lists of the page may still have their entries in the items that go now: these go last.
+    PROPERTY_GROUP *const oldGroups = std::exchange(m_page.groups, nullptr);
+    const Word oldCount = std::exchange(m_page.groupCount, 0);
     std::memcpy(m_page.title, page.title, sizeof m_page.title);
     std::memcpy(m_page.firstText, page.firstText, sizeof m_page.firstText);
     std::memcpy(m_page.secondText, page.secondText, sizeof m_page.secondText);
     m_page.system = page.system;
     for (Word i = 0; page.groups && i < page.groupCount; ++i)
         if (CopyGroup(page.groups[i]) < 0)
-            return;
+            break;
+    freeGroups(oldGroups, oldCount);
 }
 
 void CPropertyHead::CopyWidgetParam(const PROPERTY_PAGE &page) {
@@ -135,10 +139,14 @@ void CPropertyHead::freeMemoAllProperty(LIST_PROPERTY *items, Word count) {
     std::free(items);
 }
 
+void CPropertyHead::freeGroups(PROPERTY_GROUP *groups, Word count) {
+    for (Word i = 0; i < count; ++i)
+        freeMemoAllProperty(groups[i].items, groups[i].count);
+    std::free(groups);
+}
+
 void CPropertyHead::freeMemoAllGroup() {
-    for (Word i = 0; i < m_page.groupCount; ++i)
-        freeMemoAllProperty(m_page.groups[i].items, m_page.groups[i].count);
-    std::free(m_page.groups);
+    freeGroups(m_page.groups, m_page.groupCount);
     m_page.groups = nullptr;
     m_page.groupCount = 0;
 }

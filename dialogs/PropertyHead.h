@@ -84,6 +84,7 @@ private:
                 void *value, bool readOnly);
     int CopyGroup(const PROPERTY_GROUP &group);
     void freeMemoAllProperty(LIST_PROPERTY *items, Word count);
+    void freeGroups(PROPERTY_GROUP *groups, Word count);
     void freeMemoAllGroup();
 
     PROPERTY_PAGE m_page;

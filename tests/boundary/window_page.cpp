@@ -86,8 +86,8 @@ TEST_F(WindowPage, HasItsTitleAndDescription) {
     const QString description = "<br><b>Chart window</b><br>Chart window contains one or several chart areas with "
                                 "currency charts, indicators, instruments and etc.";
     EXPECT_EQ(fieldText(page.page->firstText), description);
-    EXPECT_EQ(page.page->system.m_if, host.moduleInterface());
-    EXPECT_EQ(page.page->system.m_object, static_cast<Word>(toWord(chart.handle)));
+    EXPECT_EQ(+page.page->system.m_if, host.moduleInterface());
+    EXPECT_EQ(+page.page->system.m_object, static_cast<Word>(toWord(chart.handle)));
 }
 
 TEST_F(WindowPage, HasThreeGroups) {

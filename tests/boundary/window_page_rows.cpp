@@ -38,6 +38,11 @@ struct CopiedPage {
                 const auto *value = static_cast<const char *>(items.back().value);
                 values.emplace_back(value, value + widthOfValue(items.back().type));
                 items.back().value = values.back().data();
+                if (items.back().type == PropertyTypeList) {
+                    auto &list = *static_cast<propertyList *>(items.back().value);
+                    entries.emplace_back(list.entries, list.entries + list.count);
+                    list.entries = entries.back().data();
+                }
                 pointers[g].push_back(&items.back());
             }
             groups[g].items = pointers[g].data();
@@ -53,6 +58,7 @@ struct CopiedPage {
     std::vector<PROPERTY_GROUP> groups;
     std::deque<PROPERTY> items;
     std::deque<std::vector<char>> values;
+    std::deque<std::vector<propertyListEntry>> entries;
     std::vector<std::vector<PROPERTY *>> pointers;
 };
 
@@ -71,6 +77,17 @@ struct WindowPageRows : testing::Test {
         return QWidget::find(static_cast<const propertyWidget *>(item(2, TimeScale).value)->windowId);
     }
 };
+
+// A host may copy the page's record alone: its groups are then still the window's own.
+TEST_F(WindowPageRows, ARecordThatSharesTheWindowsGroupsChangesNothing) {
+    const CopiedPage before(*page);
+    PROPERTY_PAGE shared = *page;
+    PROPERTY_CHANGE change{host.moduleInterface(), chart.handle, &shared};
+    EXPECT_EQ(host.send(ToModule::PageChanged, &change), 0);
+    showAgain();
+    for (int row = 0; row < 18; ++row)
+        EXPECT_EQ(bytesOf(item(row)), bytesOf(*before.pointers[General][static_cast<std::size_t>(row)])) << row;
+}
 
 TEST_F(WindowPageRows, EveryChangedValueIsShownByTheNextPage) {
     CopiedPage copy(*page);

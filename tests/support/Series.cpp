@@ -1,6 +1,7 @@
 #include "tests/support/Series.h"
 
 #include <algorithm>
+#include <climits>
 #include <cmath>
 
 namespace {
@@ -29,6 +30,8 @@ std::vector<Bar> makeBars(int count, int startTime, int stepSec, float price) {
     bars.reserve(static_cast<std::size_t>(std::max(0, count)));
     Walk walk(7);
     float last = price;
+    // Times are signed 32-bit seconds: long periods end early.
+    count = std::min(count, (INT_MAX - startTime) / std::max(1, stepSec));
     for (int i = 0; i < count; ++i) {
         const float open = last;
         const float pull = (price - last) * 0.02f;
