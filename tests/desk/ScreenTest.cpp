@@ -11,8 +11,8 @@ namespace {
 class ScreenTest : public testing::Test {
 protected:
     void SetUp() override {
-        if (QStandardPaths::findExecutable("Xvfb").isEmpty() || QStandardPaths::findExecutable("xdotool").isEmpty())
-            GTEST_SKIP() << "Xvfb and xdotool are not installed";
+        for (const char *program : {"Xvfb", "xdotool"})
+            ASSERT_FALSE(QStandardPaths::findExecutable(program).isEmpty()) << program << " is not installed";
         m_server.setProcessChannelMode(QProcess::SeparateChannels);
         m_server.start("Xvfb", {"-displayfd", "1", "-screen", "0", "1400x900x24", "-nolisten", "tcp"});
         ASSERT_TRUE(m_server.waitForReadyRead(20000)) << "the server does not start";
