@@ -29,7 +29,11 @@ CRGraphArea::CRGraphArea(CRGraphWidget *widget, float height, const QString &nam
 CRGraphArea::~CRGraphArea() {
     while (!m_layers.empty()) {
         CRGraphLayer *layer = m_layers.back();
-        m_pWidget->DeleteLayerPrimitives(layer);
+        try {
+            m_pWidget->DeleteLayerPrimitives(layer);
+        } catch (...) {
+            // The host threw; the series go with the window's list.
+        }
         m_layers.pop_back();
         delete layer;
     }

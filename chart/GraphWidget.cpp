@@ -20,6 +20,15 @@ CRGraphWidget::CRGraphWidget(CRGraphModule *module, void *handle, QWidget *paren
                              const char *name, Qt::WindowFlags flags)
     : CSimpleGUIWidget(module, handle, parent, toolBarParent, name, flags), m_module(module),
       m_hCore(module->m_coreHandle), m_areaFont(font::chartElement, 8), m_titleFont(font::chartElement, 7) {
+    try {
+        CreateParts(parent);
+    } catch (...) {
+        DeleteParts();
+        throw;
+    }
+}
+
+void CRGraphWidget::CreateParts(const QWidget *parent) {
     m_pTimeScale = new CRTimeScale(this);
     m_pTimeScale->m_bAutoScroll = true;
     m_pLocator = new CMvLocator<CRGraphWidget>(this);
@@ -63,11 +72,19 @@ CRGraphWidget::CRGraphWidget(CRGraphModule *module, void *handle, QWidget *paren
 CRGraphWidget::~CRGraphWidget() {
     // The host may delete the window's parent without a word to the module.
     m_module->DeleteFromWidgetList(this);
-    if (m_selectPrimitive)
-        OnCancelSelectPrimitive();
-    HostCalls::closePage(m_hComponent, GetPage());
-    if (CTextStatusBar *statusBar = m_module->GetTextStatusBar())
-        statusBar->clearTextStatusBar();
+    try {
+        if (m_selectPrimitive)
+            OnCancelSelectPrimitive();
+        HostCalls::closePage(m_hComponent, GetPage());
+        if (CTextStatusBar *statusBar = m_module->GetTextStatusBar())
+            statusBar->clearTextStatusBar();
+    } catch (...) {
+        // What a host throws must not stop the end of a window.
+    }
+    DeleteParts();
+}
+
+void CRGraphWidget::DeleteParts() {
     while (!m_areas.empty()) {
         CRGraphArea *area = m_areas.back();
         m_areas.pop_back();

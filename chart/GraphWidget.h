@@ -411,6 +411,8 @@ private:
     void ClosePicker();
     void RebuildPositions(bool force);
     void AddFreePositions(const CRPrimitive *base);
+    void CreateParts(const QWidget *parent);
+    void DeleteParts();
     void CreateToolBarButtons();
     QSlider *EnableZoomControls();
     void CreatePropertyPage();

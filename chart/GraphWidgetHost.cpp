@@ -8,6 +8,7 @@
 #include "objects/Indicator.h"
 
 #include <QCoreApplication>
+#include <QPointer>
 #include <QTimer>
 
 namespace {
@@ -70,8 +71,11 @@ QToolButton *CRGraphWidget::GetInformationBoxButton() {
 
 /// In game mode the instruments show ticks, a few at a time, and no studies.
 void CRGraphWidget::SwitchToGameMode(bool on) {
+    const QPointer<CRGraphWidget> alive(this);
     if (on)
         ResetPeriods();
+    if (!alive)
+        return;
     std::vector<CRPrimitive *> primitives;
     GetAllPrimitives(&primitives, 1);
     for (CRPrimitive *primitive : primitives)
@@ -81,9 +85,12 @@ void CRGraphWidget::SwitchToGameMode(bool on) {
     const int points = on ? gameScreenPoints : normalScreenPoints;
     m_pScrollBar->m_nScreenDataPoints = points;
     m_pScrollBar->setPageStep(points);
+    // Each of these can scroll, which the host hears of.
     m_pScrollBar->setMinimum(0);
-    m_pScrollBar->setMaximum(points);
-    m_pScrollBar->SetValue(0);
+    if (alive)
+        m_pScrollBar->setMaximum(points);
+    if (alive)
+        m_pScrollBar->SetValue(0);
 }
 
 void CRGraphWidget::OnSwitchGameMode() {

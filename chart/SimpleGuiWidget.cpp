@@ -9,10 +9,11 @@
 CSimpleGUIWidget::CSimpleGUIWidget(CModule *module, void *handle, QWidget *parent, QWidget *toolBarParent,
                                    const char *name, Qt::WindowFlags flags)
     : QWidget(parent, flags), m_hParentHandle(handle), m_pModule(module) {
+    // The host is asked before there is anything to lose.
+    m_hComponent = HostCalls::findInterface("MAINWINDOW", "VELMAR", nullptr);
     m_pToolBar = new (std::nothrow) CToolBar(toolBarParent);
     if (!m_pToolBar)
         throw std::runtime_error("Error memo in <CSimpleGUIWidget::CSimpleGUIWidget>");
-    m_hComponent = HostCalls::findInterface("MAINWINDOW", "VELMAR", nullptr);
     setAttribute(Qt::WA_MouseTracking);
     setObjectName(QString::fromLatin1(name));
 }

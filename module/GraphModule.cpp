@@ -53,8 +53,10 @@ void CRGraphModule::DeleteFromWidgetList(void *widget) {
 
 void CRGraphModule::DeselectAllPrimitives() {
     for (std::size_t i = 0; i < m_widgets.size(); ++i) {
-        m_widgets[i]->SelectAllPrimitives(false);
-        m_widgets[i]->SelectAllLS(false);
+        CRGraphWidget *widget = m_widgets[i];
+        widget->SelectAllPrimitives(false);
+        if (GetGraphWidgetIndex(widget) >= 0)
+            widget->SelectAllLS(false);
     }
 }
 
@@ -154,6 +156,13 @@ QString CRGraphModule::GetUserPath() {
     return GetPathByFolderType(this, folderUserImages);
 }
 
+QString CRGraphModule::GetTemplatePath() {
+    void *mainWindow = m_tradeModule.GetMainGUIInterface();
+    if (HostCalls::hasWorkFolder(mainWindow))
+        return GetWorkFolderFromMain(this, mainWindow) + "/templates";
+    return GetPathByFolderType(this, folderTemplates);
+}
+
 // ---- events and texts ----
 
 void CRGraphModule::GetEvents() {
@@ -196,11 +205,8 @@ void CRGraphModule::SetFindDateData(const GraphModule::CFindDateData &data) {
 namespace {
 
 bool anyPrimitive(const std::vector<CRGraphWidget *> &widgets) {
-    return std::any_of(widgets.begin(), widgets.end(), [](const CRGraphWidget *widget) {
-        std::vector<CRPrimitive *> primitives;
-        widget->GetAllPrimitives(&primitives);
-        return !primitives.empty();
-    });
+    return std::any_of(widgets.begin(), widgets.end(),
+                       [](const CRGraphWidget *widget) { return widget->TotalPrimitiveCount() > 0; });
 }
 
 int countByType(const std::vector<CRGraphWidget *> &widgets, const char *type) {

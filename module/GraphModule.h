@@ -70,6 +70,7 @@ public:
     void *GetInterfaceByName(const char *interfaceName, const char *provider, const char *objectName) const;
     void *GetInterfaceByHandle(void *handle) const;
     QString GetUserPath();
+    QString GetTemplatePath(); // the folder of templates
     Interface::Core &GetCore() { return m_core; }
     Interface::Ls &GetLs() { return m_ls; }
 

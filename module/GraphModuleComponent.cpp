@@ -11,6 +11,7 @@
 #include "support/Skin.h"
 
 #include <QBuffer>
+#include <QPointer>
 
 namespace {
 
@@ -176,15 +177,19 @@ int CRGraphModule::MvWindowComponentAddDpa(int wParam, int lParam) {
 bool CRGraphModule::ApplyTemplate(CRGraphWidget *widget, const mvwcDpaItem &item) {
     if (widget->m_indicators.empty()) {
         const QString text = tr("G0185");
-        logLine(logMsgSystem, logWarning, text, nullptr);
         showWarning(widget, tr("C0071Warn"), text);
+        logLine(logMsgSystem, logWarning, text, nullptr);
         return false;
     }
-    const QString path = fieldText(item.instrument.m_szNameSymbol);
+    const QPointer<CRGraphWidget> alive(widget);
+    QString path = fieldText(item.instrument.m_szNameSymbol);
+    if (path.isEmpty())
+        path = GetTemplatePath() + "/" + fieldText(item.shortName) + ".tpl";
+    if (!alive)
+        return false;
     const QString title = tr("G0204");
-    const QString name = path.isEmpty() ? fieldText(item.shortName) : path;
+    showWarning(widget, title, tr("G0203").arg(path));
     logLine(logMsgSystem, logWarning, title, nullptr);
-    showWarning(widget, title, tr("G0203").arg(name));
     return false;
 }
 

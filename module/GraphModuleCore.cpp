@@ -211,7 +211,8 @@ int CRGraphModule::ChangeSkin(const unsigned short *name) {
         for (std::size_t i = 0; i < m_widgets.size(); ++i) {
             CRGraphWidget *widget = m_widgets[i];
             widget->LoadSkinData();
-            widget->UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);
+            if (GetGraphWidgetIndex(widget) >= 0)
+                widget->UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);
             if (GetGraphWidgetIndex(widget) >= 0)
                 widget->update();
         }

@@ -22,6 +22,18 @@ Word query(unsigned message, void *handle, Word start = 0) {
     return answer;
 }
 
+// The room for a list of which the host told the length. A number that can be none is taken for 0.
+int listRoom(int count) {
+    constexpr int most = 65536;
+    return count < 0 || count > most ? 0 : count;
+}
+
+// Always with one place more than the room, so that a list has an address and a host can end it.
+template <class T>
+std::vector<T> listWithEnd(int room) {
+    return std::vector<T>(static_cast<std::size_t>(room) + 1, T());
+}
+
 // An answered count is never trusted beyond the room that was offered.
 template <class T>
 void shrinkTo(std::vector<T> &list, int answered) {
@@ -51,15 +63,14 @@ std::vector<void *> findInterfaces(const char *interfaceName) {
     request.mode = 1;
     request.result = word(&count);
     core(ToHost::CountInterfaces, &request, 0);
-    std::vector<void *> handles;
-    if (count < 1)
-        return handles;
-    handles.resize(static_cast<std::size_t>(count));
+    const int room = listRoom(count);
+    std::vector<void *> handles = listWithEnd<void *>(room);
     clearRecord(request);
     fillField(request.names.nameIntreface, interfaceName);
-    request.mode = static_cast<Word>(count);
+    request.mode = static_cast<Word>(room);
     request.result = word(handles.data());
     core(ToHost::FindInterface, &request, 0);
+    shrinkTo(handles, room);
     return handles;
 }
 
@@ -106,10 +117,11 @@ int outputCount(void *handle) {
 }
 
 std::vector<mvDataPointArray *> outputArrays(void *handle, int room) {
-    std::vector<mvDataPointArray *> arrays(static_cast<std::size_t>(qMax(0, room)), nullptr);
-    coreListCreateData list{static_cast<int>(arrays.size()), arrays.data()};
+    room = listRoom(room);
+    std::vector<mvDataPointArray *> arrays = listWithEnd<mvDataPointArray *>(room);
+    coreListCreateData list{room, arrays.data()};
     core(ToHost::OutputArrays, handle, &list);
-    shrinkTo(arrays, list.count);
+    shrinkTo(arrays, qMin(room, static_cast<int>(list.count)));
     return arrays;
 }
 
@@ -151,13 +163,11 @@ int linkCount(void *handle) {
 }
 
 std::vector<coreIndicatorLinks> links(void *handle, int count) {
-    std::vector<coreIndicatorLinks> result;
-    if (count < 1)
-        return result;
-    result.resize(static_cast<std::size_t>(count) + 1, zeroRecord<coreIndicatorLinks>());
-    coreListIndicatorLinks list{count, result.data()};
+    const int room = listRoom(count);
+    std::vector<coreIndicatorLinks> result = listWithEnd<coreIndicatorLinks>(room);
+    coreListIndicatorLinks list{room, result.data()};
     core(ToHost::Links, handle, &list);
-    shrinkTo(result, qMin(count, static_cast<int>(list.count)));
+    shrinkTo(result, qMin(room, static_cast<int>(list.count)));
     return result;
 }
 
@@ -225,13 +235,11 @@ int indicatorCount(void *interfaceHandle) {
 }
 
 std::vector<INDICATOR_DESCRIPTION> indicatorList(void *interfaceHandle, int count) {
-    std::vector<INDICATOR_DESCRIPTION> descriptions;
-    if (count < 1)
-        return descriptions;
-    descriptions.resize(static_cast<std::size_t>(count), zeroRecord<INDICATOR_DESCRIPTION>());
-    coreIndicatorCatalogue list{count, descriptions.data()};
+    const int room = listRoom(count);
+    std::vector<INDICATOR_DESCRIPTION> descriptions = listWithEnd<INDICATOR_DESCRIPTION>(room);
+    coreIndicatorCatalogue list{room, descriptions.data()};
     GetModule()->Send(interfaceHandle, ToHost::IndicatorList, &list, 0);
-    shrinkTo(descriptions, list.count);
+    shrinkTo(descriptions, qMin(room, static_cast<int>(list.count)));
     return descriptions;
 }
 

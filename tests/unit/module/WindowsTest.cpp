@@ -208,6 +208,19 @@ TEST(UserPath, IsTheWorkFolderOrTheFolderOfImages) {
     EXPECT_EQ(module.GetUserPath(), "/images");
 }
 
+TEST(TemplatePath, LiesInTheWorkFolderOrIsTheFolderOfTemplates) {
+    LinkedHost host;
+    host.workFolder = "/somewhere";
+    EXPECT_EQ(module.GetTemplatePath(), "/somewhere/templates");
+    host.workFolder.clear();
+    host.answer(3128, [](void *, int wParam, int) {
+        EXPECT_EQ(bytes::u32(fromWord<void>(wParam), 0), 154u);
+        bytes::putText16(fromWord<void>(wParam), 4, 1024, "/templates");
+        return 0;
+    });
+    EXPECT_EQ(module.GetTemplatePath(), "/templates");
+}
+
 TEST(Deselect, ReachesEveryWindow) {
     LinkedHost host;
     Chart chart = host.createChart();
@@ -236,6 +249,17 @@ TEST(PriceType, LooksAtTheSeriesOfEveryWindow) {
     EXPECT_FALSE(module.NeedToSwitchToMid());
     host.deleteChart(first);
     EXPECT_TRUE(module.NeedToSwitchToBid());
+}
+
+// A series that is hidden stands on its chart all the same.
+TEST(PriceType, CountsHiddenSeries) {
+    LinkedHost host;
+    Chart chart = host.createChart();
+    host.addInstrument(chart, "EURUSD", 'I', 60, "Bid");
+    ASSERT_EQ(host.window(chart).m_indicators.size(), 1u);
+    (*host.window(chart).m_indicators.front())[0]->m_bVisible = false;
+    EXPECT_FALSE(module.NeedToSwitchToBid());
+    EXPECT_TRUE(module.NeedToSwitchToMid());
 }
 
 } // namespace

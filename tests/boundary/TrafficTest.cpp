@@ -1,0 +1,310 @@
+// Whole messages from outside: every call that one of them makes, in its order, and every line that it logs.
+#include "tests/support/FakeHost.h"
+
+#include <QDialog>
+#include <gtest/gtest.h>
+
+namespace {
+
+using Lines = std::vector<std::string>; // readable in a failure
+
+// The calls since the last clearTraffic(), as "number" or "number:detail".
+Lines traffic(const FakeHost &host) {
+    Lines result;
+    for (const Call &call : host.calls()) {
+        if (!call.toHost)
+            continue;
+        QString text = QString::number(call.message);
+        const char *record = call.wRecord.constData();
+        if (call.message == 3001 || call.message == 3002) {
+            text += ":" + bytes::text8(record, 0, 255) + "/" + bytes::text8(record, 255, 255) + "/" +
+                    bytes::text8(record, 510, 255);
+        } else if (call.message == 5008) {
+            text += ":" + bytes::text8(record, 4, 255);
+        } else if (call.message == 3110) {
+            text += ":" + bytes::text8(record, 0, 255);
+        }
+        result.push_back(text.toStdString());
+    }
+    return result;
+}
+
+// The lines of the module itself since the log was cleared, as "type level text".
+Lines moduleLines(const FakeHost &host) {
+    Lines result;
+    for (const LogLine &line : host.log) {
+        if (line.text.contains("|GraphModule|"))
+            result.push_back(
+                QString("%1 %2 %3").arg(line.type).arg(line.level).arg(line.text).toStdString());
+    }
+    return result;
+}
+
+const Lines windowTraffic{"3001:MAINWINDOW/VELMAR/",
+                                "3001:MAINWINDOW/VELMAR/",
+                                "3560",
+                                "5008:Auto scroll positions",
+                                "5008:Auto scroll positions",
+                                "3550",
+                                "3551",
+                                "3550",
+                                "3551",
+                                "3552",
+                                "3002:MVINDICATORS//",
+                                "3001:MVINDICATORS//",
+                                "6500",
+                                "6501",
+                                "3553",
+                                "3550",
+                                "3551",
+                                "3552"};
+
+TEST(Traffic, OfAStart) {
+    FakeHost host(FakeHost::Created);
+    host.clearTraffic();
+    host.send(3004u);
+    EXPECT_EQ(traffic(host), (Lines{"3116", "3117", "3207", "3205", "3002:DEALING//", "3001:DEALING//",
+                                          "3001:MAINWINDOW/VELMAR/", "3110:DealingEvent", "3110:SkinEventData",
+                                          "3110:Velmar Game Mode", "3110:Velmar Competition Mode", "3112"}));
+    host.clearTraffic();
+    host.send(3066u);
+    EXPECT_EQ(traffic(host), (Lines{"3001:STATUSBAR/VELMAR/velmarStatusBar", "7000", "7000"}));
+}
+
+TEST(Traffic, OfANewWindow) {
+    for (const Word kind : {0u, 1u}) {
+        FakeHost host;
+        host.clearTraffic();
+        host.createBareChart(QSize(400, 300), kind);
+        EXPECT_EQ(traffic(host), windowTraffic);
+    }
+}
+
+// A window that comes before the start finds the dealing side itself, after it stands.
+TEST(Traffic, OfAWindowAheadOfTheStart) {
+    FakeHost host(FakeHost::Created);
+    host.clearTraffic();
+    host.createBareChart();
+    Lines expected = windowTraffic;
+    expected.insert(expected.end(), {"3002:DEALING//", "3001:DEALING//", "3001:MAINWINDOW/VELMAR/",
+                                     "3110:DealingEvent"});
+    EXPECT_EQ(traffic(host), expected);
+    host.clearTraffic();
+    host.send(3004u);
+    EXPECT_EQ(traffic(host), (Lines{"3116", "3117", "3207", "3205", "3110:SkinEventData",
+                                    "3110:Velmar Game Mode", "3110:Velmar Competition Mode", "3112"}));
+}
+
+TEST(Traffic, WindowMessagesGoToTheMainWindow) {
+    FakeHost host;
+    Chart chart = host.createChart();
+    host.addInstrument(chart, "EURUSD");
+    const int mainWindow = static_cast<int>(host.interfaceOf("MAINWINDOW"));
+    host.clearTraffic();
+    host.createBareChart();
+    host.send(5009u, chart.handle);
+    host.send(3553u, 0);
+    host.send(5004u, chart.handle);
+    for (const Call &call : host.calls()) {
+        if (!call.toHost)
+            continue;
+        const bool ofWindow = (call.message >= 3500 && call.message < 4000) || call.message == 5008 ||
+                              call.message == 5033 || call.message >= 10000;
+        const int indicators = static_cast<int>(host.interfaceOf("MVINDICATORS"));
+        const int wanted = ofWindow                        ? mainWindow
+                           : call.message / 100 == 65      ? indicators
+                                                           : static_cast<int>(host.coreHandle());
+        EXPECT_EQ(toWord(call.target), wanted) << call.message;
+    }
+}
+
+TEST(Traffic, OfTheFocus) {
+    FakeHost host;
+    Chart chart = host.createBareChart();
+    for (const char *shown : {"10051", "10052"}) {
+        host.clearTraffic();
+        EXPECT_EQ(host.send(5009u, chart.handle), 0);
+        EXPECT_EQ(traffic(host), (Lines{"3553", "3550", "3551", "3552", "10057", shown}));
+        const Call question = host.callsOf(10057).front();
+        EXPECT_EQ(bytes::u32(question.lRecord.constData(), 0), 0u);
+        EXPECT_EQ(question.wParam, host.calls().back().wParam);
+        EXPECT_EQ(host.calls().back().lParam, 0);
+    }
+}
+
+TEST(Traffic, OfResizeAndShowIsNone) {
+    FakeHost host;
+    Chart chart = host.createBareChart();
+    host.clearTraffic();
+    host.send(5005u, chart.handle);
+    host.send(5011u, chart.handle);
+    EXPECT_EQ(traffic(host), Lines());
+}
+
+TEST(Traffic, OfTheEndOfAnEmptyWindow) {
+    FakeHost host;
+    Chart chart = host.createChart();
+    host.clearTraffic();
+    host.send(5004u, chart.handle);
+    EXPECT_EQ(traffic(host), (Lines{"3150", "10055"}));
+}
+
+// A host without labels is asked for its panes again when a window clears them.
+TEST(Traffic, OfAStatusBarWithoutLabels) {
+    FakeHost host(FakeHost::Started);
+    host.troubleMessage(7000);
+    host.send(3066u);
+    Chart chart = host.createChart();
+    host.clearTraffic();
+    host.send(5004u, chart.handle);
+    EXPECT_EQ(host.count(7000), 0);
+    const std::vector<Call> panes = host.callsOf(7001);
+    ASSERT_EQ(panes.size(), 2u);
+    EXPECT_EQ(bytes::u32(panes[0].wRecord.constData(), 16), 98u);
+    EXPECT_EQ(bytes::u32(panes[1].wRecord.constData(), 16), 99u);
+}
+
+TEST(Traffic, ToolWidgetsAreAskedForWithOneAndAnEmptyAnswer) {
+    FakeHost host;
+    host.clearTraffic();
+    host.createBareChart();
+    for (const unsigned message : {3550u, 3551u, 3552u, 3553u}) {
+        for (const Call &call : host.callsOf(message)) {
+            EXPECT_EQ(call.wParam, 1) << message;
+            EXPECT_EQ(bytes::u32(call.lRecord.constData(), 0), 0u) << message;
+        }
+    }
+    for (const Call &call : host.callsOf(3560)) {
+        EXPECT_EQ(bytes::u32(call.wRecord.constData(), 0), 0u);
+        EXPECT_EQ(call.lParam, 0);
+    }
+}
+
+TEST(Traffic, OfANewInstrumentUpToItsSubscription) {
+    FakeHost host;
+    Chart chart = host.createChart();
+    host.clearTraffic();
+    host.addInstrument(chart, "EURUSD");
+    const Lines all = traffic(host);
+    ASSERT_GT(all.size(), 12u);
+    EXPECT_EQ(Lines(all.begin(), all.begin() + 9),
+              (Lines{"3012", "3001:CANDLE/VELMAR/", "3001:CANDLE/VELMAR/CANDLE_VELMAR", "4023", "3008", "3093",
+                     "3042", "3135", "3013"}));
+    EXPECT_EQ(std::count(all.begin(), all.end(), "5008:Add primary primitive"), 1);
+    EXPECT_EQ(Lines(all.end() - 2, all.end()), (Lines{"5033", "5008:"}));
+    const Call arrays = host.callsOf(3042).front();
+    EXPECT_EQ(bytes::i32(arrays.lRecord.constData(), 0), 1);
+}
+
+TEST(Traffic, TheDesktopChangeIsARecordOfZeros) {
+    FakeHost host;
+    Chart chart = host.createChart();
+    mvwcDpaList list{0, nullptr};
+    host.caption(chart); // the application's caption is asked for once
+    for (const unsigned message : {5006u, 5007u}) {
+        host.clearTraffic();
+        EXPECT_EQ(host.send(message, chart.handle, &list), 0);
+        EXPECT_EQ(traffic(host), (Lines{"5033", "5008:"})) << message;
+        EXPECT_EQ(host.callsOf(5008).front().wRecord, QByteArray(259, 0)) << message;
+        EXPECT_EQ(host.callsOf(5008).front().lParam, 0) << message;
+    }
+}
+
+// ---- the log ----
+
+TEST(LogLines, OfEveryMessageThatTellsOne) {
+    FakeHost host(FakeHost::Created);
+    const auto lines = [&](const std::function<void()> &work) {
+        host.log.clear();
+        work();
+        return moduleLines(host);
+    };
+    EXPECT_EQ(lines([&] { host.send(3004u); }), (Lines{"1 0 Starting Graph module|GraphModule|938"}));
+    EXPECT_EQ(lines([&] { host.send(3066u); }), (Lines{"1 0 CORE_MAINWINDOW_ISLOADING|GraphModule|1140"}));
+    EXPECT_EQ(lines([&] { host.send(3081u); }), Lines());
+    Word loading = 1;
+    EXPECT_EQ(lines([&] { host.send(3062u, &loading); }),
+              (Lines{"1 0 CORE_SYSTEM_IS_LOADING|GraphModule|1082"}));
+    Chart chart;
+    EXPECT_EQ(lines([&] { chart = host.createBareChart(); }),
+              (Lines{"1 0 creating window component|GraphModule|1380"}));
+    EXPECT_EQ(lines([&] { host.send(5005u, chart.handle); }), Lines());
+    EXPECT_EQ(lines([&] { host.send(5009u, chart.handle); }), Lines());
+    EXPECT_EQ(lines([&] { host.send(5011u, chart.handle); }), (Lines{"1 0 update|GraphModule|1456"}));
+    FakeObject *euro = nullptr;
+    EXPECT_EQ(lines([&] { euro = host.addInstrument(chart, "EURUSD"); }), Lines());
+    ASSERT_TRUE(euro);
+    EXPECT_EQ(lines([&] { host.update(euro, 0); }),
+              (Lines{"1 0 CRGraphModule::CoreUpdateDpa start|GraphModule|988"}));
+    EXPECT_EQ(lines([&] { host.tick(); }),
+              (Lines{"1 0 CRGraphModule::timerEvent start|GraphModule|194",
+                           "1 0 m_bUpdatePrimitivePositions = 1|GraphModule|203"}));
+    EXPECT_EQ(lines([&] { host.send(3114u); }), (Lines{"1 0 CORE_RECIVE_EVENT|GraphModule|1170"}));
+    bytes::Record rebuild(16);
+    bytes::put<Word>(rebuild.data(), 0, 0x4711);
+    EXPECT_EQ(lines([&] { host.send(3076u, chart.handle, rebuild.data()); }),
+              (Lines{"1 0 CRGraphModule::CoreRebuildDpa start|GraphModule|1114",
+                           "1 0 CRGraphModule::CoreRebuildDpa finish|GraphModule|1121"}));
+    bytes::Record rename(778);
+    EXPECT_EQ(lines([&] { host.send(3130u, chart.handle, rename.data()); }),
+              (Lines{"1 0 CRGraphModule::CoreRenameDpa start|GraphModule|1127",
+                           "1 0 CRGraphModule::CoreRenameDpa finish|GraphModule|1133"}));
+    bytes::Record window(8);
+    EXPECT_EQ(lines([&] { host.send(3518u, window.data()); }),
+              (Lines{"1 4 MWI_SET_PANEL_STATE: wParam is not a GraphWidget|GraphModule|1751"}));
+    EXPECT_EQ(lines([&] { host.send(5004u, chart.handle); }),
+              (Lines{"1 0 deleting window component|GraphModule|1431"}));
+    EXPECT_EQ(lines([&] { host.send(5004u, chart.handle); }),
+              (Lines{"1 0 deleting window component|GraphModule|1431"}));
+}
+
+// The user has read the warning before it is logged.
+TEST(LogLines, OfRefusedTemplatesFollowTheirWarning) {
+    FakeHost host;
+    Chart chart = host.createChart();
+    mvwcDpaItem item = zeroRecord<mvwcDpaItem>();
+    bytes::put<Word>(&item, 1288, 5);
+    bytes::putText16(&item, 514, 255, "/nowhere/mine.tpl");
+    mvwcDpaList list{1, &item};
+    for (int round = 0; round < 2; ++round) {
+        int linesAtWarning = -1;
+        host.onDialog([&](QDialog *dialog) {
+            linesAtWarning = 0;
+            for (const LogLine &line : host.log)
+                linesAtWarning += line.level == 3;
+            dialog->reject();
+        });
+        host.log.clear();
+        EXPECT_EQ(host.send(5006u, chart.handle, &list), 1);
+        EXPECT_EQ(linesAtWarning, 0);
+        int warnings = 0;
+        for (const LogLine &line : host.log)
+            warnings += line.level == 3 && line.type == 0;
+        EXPECT_EQ(warnings, 1);
+        host.addInstrument(chart, "EURUSD"); // the second round is for a missing file
+    }
+}
+
+// A short name stands for a file in the folder of templates.
+TEST(AddIndicators, AMissingTemplateIsNamedByItsFile) {
+    FakeHost host;
+    Chart chart = host.createChart();
+    host.addInstrument(chart, "EURUSD");
+    mvwcDpaItem item = zeroRecord<mvwcDpaItem>();
+    bytes::put<Word>(&item, 1288, 5);
+    bytes::putText16(&item, 4, 255, "mine");
+    mvwcDpaList list{1, &item};
+    host.workFolder = "/users/one";
+    EXPECT_EQ(host.send(5006u, chart.handle, &list), 1);
+    EXPECT_EQ(host.dialogTexts.last().toStdString(), "Error|File /users/one/templates/mine.tpl not found");
+    host.workFolder.clear();
+    host.answer(3128, [](void *, int wParam, int) {
+        EXPECT_EQ(bytes::u32(fromWord<void>(wParam), 0), 154u);
+        bytes::putText16(fromWord<void>(wParam), 4, 1024, "/all/templates");
+        return 0;
+    });
+    EXPECT_EQ(host.send(5006u, chart.handle, &list), 1);
+    EXPECT_EQ(host.dialogTexts.last().toStdString(), "Error|File /all/templates/mine.tpl not found");
+}
+
+} // namespace
