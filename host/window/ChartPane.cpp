@@ -96,6 +96,8 @@ bool ChartPane::create() {
         m_strip->setFixedSize(qMax(1, bar->sizeHint().width()), headerHeight - 2);
     showToolBar();
     resizeChart();
+    if (m_frame->isVisible())
+        m_host.sendToModule(ToModule::Show, int(m_window));
     return true;
 }
 

@@ -35,6 +35,8 @@ void MainWindow::progress(const QString &what, int percent) {
     m_progress->setValue(percent);
     if (percent < 100)
         m_message->setText(what);
+    // The import holds the event loop: what it tells is painted here.
+    statusBar()->repaint();
 }
 
 bool MainWindow::confirm(CalculatedObject &object) {
