@@ -1,6 +1,6 @@
 #include "host/core/CalculatedObject.h"
-#include "module/HostRecords.h"
 #include "host/pages/Page.h"
+#include "module/HostRecords.h"
 
 namespace desk {
 

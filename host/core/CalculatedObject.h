@@ -40,7 +40,7 @@ public:
 
     Service &maker() const { return m_maker; }
     Handle interfaceHandle() const { return m_interfaceHandle; }
-    Handle handle() const { return m_handle; }             // 0 until Objects::add
+    Handle handle() const { return m_handle; }              // 0 until Objects::add
     quint32 systemNumber() const { return m_systemNumber; } // unique in the run
     quint32 uniqueNumber() const { return m_uniqueNumber; } // unique in the workspace
     void setUniqueNumber(quint32 number) { m_uniqueNumber = number; }

@@ -10,10 +10,10 @@ namespace desk {
 DealingService::DealingService(Host &host, EventService &events)
     : Service(host), m_events(events), m_interface(registerInterface("DEALING", "VELMAR", "Practice")),
       m_account(host.handles().next()), m_dayOff{{"USD/CHF", false}} {
-    take(m_interface, {ToHost::AccountCount, ToHost::Accounts, ToHost::PositionCount, ToHost::OrderCount,
-                       ToHost::Positions, ToHost::Orders, ToHost::ChangeOrder, ToHost::ChangePosition,
-                       ToHost::AccountLeavesGame, ToHost::DayOffCount, ToHost::DayOffSymbols,
-                       ToHost::AccountSettings});
+    take(m_interface,
+         {ToHost::AccountCount, ToHost::Accounts, ToHost::PositionCount, ToHost::OrderCount,
+          ToHost::Positions, ToHost::Orders, ToHost::ChangeOrder, ToHost::ChangePosition,
+          ToHost::AccountLeavesGame, ToHost::DayOffCount, ToHost::DayOffSymbols, ToHost::AccountSettings});
 }
 
 bool DealingService::handle(Handle, unsigned message, int wParam, int lParam, int &result) {

@@ -7,7 +7,8 @@
 namespace desk {
 
 EventService::EventService(Host &host) : Service(host) {
-    take(coreHandle(), {ToHost::SubscribeEvent, ToHost::UnsubscribeEvent, ToHost::CreateEvent, ToHost::EmitEvent, ToHost::GameModeOn, ToHost::GameModeOff});
+    take(coreHandle(), {ToHost::SubscribeEvent, ToHost::UnsubscribeEvent, ToHost::CreateEvent,
+                        ToHost::EmitEvent, ToHost::GameModeOn, ToHost::GameModeOff});
 }
 
 Handle EventService::eventId(const QByteArray &name) {

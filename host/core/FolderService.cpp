@@ -23,7 +23,8 @@ constexpr FolderName folders[] = {{Folder::Configuration, "config"},
 
 } // namespace
 
-FolderService::FolderService(Host &host, const QString &dataFolder) : Service(host), m_dataFolder(dataFolder) {
+FolderService::FolderService(Host &host, const QString &dataFolder)
+    : Service(host), m_dataFolder(dataFolder) {
     take(coreHandle(), {ToHost::FolderPath});
 }
 

@@ -17,10 +17,9 @@ namespace {
 Host *currentHost = nullptr;
 
 // Messages at the core whose wParam is an object's handle and that its maker answers.
-constexpr unsigned makerMessages[] = {
-    ToHost::LoadObject,  ToHost::SaveObject,      ToHost::OutputArrays, ToHost::OutputCount,
-    ToHost::SourceCount, ToHost::HandOverSources, ToHost::ChangeArray,  ToHost::ReloadArray,
-    ToHost::ConfirmObject};
+constexpr unsigned makerMessages[] = {ToHost::LoadObject,  ToHost::SaveObject,  ToHost::OutputArrays,
+                                      ToHost::OutputCount, ToHost::SourceCount, ToHost::HandOverSources,
+                                      ToHost::ChangeArray, ToHost::ReloadArray, ToHost::ConfirmObject};
 
 bool isMakerMessage(unsigned message) {
     return std::find(std::begin(makerMessages), std::end(makerMessages), message) != std::end(makerMessages);
@@ -59,10 +58,14 @@ QString Host::load(const QString &libraryFile) {
     const auto info = reinterpret_cast<InfoFunction>(dlsym(library, "GetModuleInfo"));
     const auto initialize = reinterpret_cast<InitializeFunction>(dlsym(library, "Initialize"));
     const auto receive = reinterpret_cast<ReceiveFunction>(dlsym(library, "ReceiveMessage"));
-    const char *missing = !info ? "GetModuleInfo" : !initialize ? "Initialize" : !receive ? "ReceiveMessage" : nullptr;
+    const char *missing = !info         ? "GetModuleInfo"
+                          : !initialize ? "Initialize"
+                          : !receive    ? "ReceiveMessage"
+                                        : nullptr;
     if (missing) {
         dlclose(library);
-        return QCoreApplication::translate("desk", "The library %1 is not a chart module: it has no function %2.")
+        return QCoreApplication::translate("desk",
+                                           "The library %1 is not a chart module: it has no function %2.")
             .arg(libraryFile, QString::fromLatin1(missing));
     }
     m_library = library;
@@ -90,7 +93,8 @@ QByteArray Host::moduleInfo() const {
 
 void Host::initializeModule() {
     if (m_initialize)
-        m_initialize(&Host::send, &Host::send, fromWord<void>(m_coreHandle), fromWord<void>(m_componentHandle));
+        m_initialize(&Host::send, &Host::send, fromWord<void>(m_coreHandle),
+                     fromWord<void>(m_componentHandle));
 }
 
 int Host::sendToModule(unsigned message, int wParam, int lParam) {

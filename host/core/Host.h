@@ -37,8 +37,8 @@ public:
     QString load(const QString &libraryFile);
     void unload();
     bool isLoaded() const { return m_receive != nullptr; }
-    QByteArray moduleInfo() const;           // the record of GetModuleInfo, 2315 bytes
-    void initializeModule();                 // Initialize with this host's function and handles
+    QByteArray moduleInfo() const; // the record of GetModuleInfo, 2315 bytes
+    void initializeModule();       // Initialize with this host's function and handles
     void attachModule(ReceiveFunction receive) { m_receive = receive; } // a module in the same program
     int sendToModule(unsigned message, int wParam = 0, int lParam = 0);
     static int send(void *target, unsigned int message, int wParam, int lParam); // the module's way in
@@ -62,7 +62,8 @@ public:
     Trace &trace() { return *m_trace; }
 
     // Takes ownership of a service; services are deleted in reverse order.
-    template <class T, class... Args> T &addService(Args &&...args) {
+    template <class T, class... Args>
+    T &addService(Args &&...args) {
         auto service = std::make_unique<T>(*this, std::forward<Args>(args)...);
         T &reference = *service;
         m_services.push_back(std::move(service));
@@ -97,7 +98,7 @@ private:
     Handle m_coreHandle;
     Handle m_componentHandle;
     Handle m_moduleHandle = 0;
-    Service *m_lastMaker = nullptr; // took the last 3008
+    Service *m_lastMaker = nullptr;                  // took the last 3008
     std::set<std::pair<Handle, unsigned>> m_unknown; // reported once each
     unsigned m_previousMessage = 0;
     void *m_library = nullptr;

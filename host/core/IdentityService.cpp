@@ -175,7 +175,8 @@ bool IdentityService::sourceInterface(CalculatedObject &object, int lParam) {
 }
 
 bool IdentityService::sourceName(CalculatedObject &object, int lParam) {
-    std::memcpy(fromWord<void>(lParam), object.identity().m_szNameSymbol, sizeof object.identity().m_szNameSymbol);
+    std::memcpy(fromWord<void>(lParam), object.identity().m_szNameSymbol,
+                sizeof object.identity().m_szNameSymbol);
     return true;
 }
 

@@ -7,8 +7,8 @@
 namespace desk {
 
 InterfaceService::InterfaceService(Host &host) : Service(host) {
-    take(coreHandle(), {ToHost::RegisterInterface, ToHost::FindInterface, ToHost::CountInterfaces,
-                        ToHost::InterfaceNames});
+    take(coreHandle(),
+         {ToHost::RegisterInterface, ToHost::FindInterface, ToHost::CountInterfaces, ToHost::InterfaceNames});
 }
 
 bool InterfaceService::handle(Handle, unsigned message, int wParam, int lParam, int &result) {
@@ -34,7 +34,10 @@ bool InterfaceService::handle(Handle, unsigned message, int wParam, int lParam, 
         find(request);
     } else if (request.result) {
         *fromWord<Word>(request.result) =
-            Word(host().interfaces().findAll(fieldBytes(request.names.nameIntreface), QByteArray(), QByteArray()).size());
+            Word(host()
+                     .interfaces()
+                     .findAll(fieldBytes(request.names.nameIntreface), QByteArray(), QByteArray())
+                     .size());
     }
     return true;
 }
@@ -54,9 +57,9 @@ void InterfaceService::registerModule(coreNameInterfaceRequest &request) {
 void InterfaceService::find(const coreNameInterfaceRequest &request) {
     if (!request.result)
         return;
-    const std::vector<Handle> found =
-        host().interfaces().findAll(fieldBytes(request.names.nameIntreface), fieldBytes(request.names.nameProvider),
-                                    fieldBytes(request.names.nameObject));
+    const std::vector<Handle> found = host().interfaces().findAll(fieldBytes(request.names.nameIntreface),
+                                                                  fieldBytes(request.names.nameProvider),
+                                                                  fieldBytes(request.names.nameObject));
     const std::size_t room = std::max(Word(1), Word(request.mode));
     std::copy_n(found.begin(), std::min(room, found.size()), fromWord<Word>(request.result));
 }

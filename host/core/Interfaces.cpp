@@ -4,9 +4,10 @@
 namespace desk {
 
 void Interfaces::remove(const Service *service) {
-    m_entries.erase(std::remove_if(m_entries.begin(), m_entries.end(),
-                                   [service](const InterfaceEntry &entry) { return entry.service == service; }),
-                    m_entries.end());
+    m_entries.erase(
+        std::remove_if(m_entries.begin(), m_entries.end(),
+                       [service](const InterfaceEntry &entry) { return entry.service == service; }),
+        m_entries.end());
 }
 
 const InterfaceEntry *Interfaces::find(Handle handle) const {

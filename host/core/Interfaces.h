@@ -22,8 +22,10 @@ public:
     void add(const InterfaceEntry &entry) { m_entries.push_back(entry); }
     void remove(const Service *service);
     const InterfaceEntry *find(Handle handle) const;
-    const InterfaceEntry *find(const QByteArray &kind, const QByteArray &provider, const QByteArray &object) const;
-    std::vector<Handle> findAll(const QByteArray &kind, const QByteArray &provider, const QByteArray &object) const;
+    const InterfaceEntry *find(const QByteArray &kind, const QByteArray &provider,
+                               const QByteArray &object) const;
+    std::vector<Handle> findAll(const QByteArray &kind, const QByteArray &provider,
+                                const QByteArray &object) const;
 
 private:
     static bool matches(const InterfaceEntry &entry, const QByteArray &kind, const QByteArray &provider,

@@ -32,7 +32,8 @@ bool LogService::handle(Handle, unsigned message, int wParam, int, int &result) 
         result = 0;
         return true;
     }
-    m_journal.add(Level::Message, QStringLiteral("CLogFile"), readText(fromWord<const Unit16>(wParam), longestLine));
+    m_journal.add(Level::Message, QStringLiteral("CLogFile"),
+                  readText(fromWord<const Unit16>(wParam), longestLine));
     return true;
 }
 

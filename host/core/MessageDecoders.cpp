@@ -54,7 +54,8 @@ QString interfaceRequest(int wParam, int, bool answered) {
     if (!record)
         return missing();
     if (answered)
-        return QStringLiteral("result %1").arg(record->mode == 1 ? hexAt(int(record->result)) : hexText(record->result));
+        return QStringLiteral("result %1")
+            .arg(record->mode == 1 ? hexAt(int(record->result)) : hexText(record->result));
     return interfaceText(record->names) + QStringLiteral(" mode %1").arg(record->mode);
 }
 
@@ -128,7 +129,8 @@ QString links(int wParam, int lParam, bool answered) {
 }
 
 QString lineOfArray(int wParam, int lParam, bool answered) {
-    return answered ? QStringLiteral("line ") + wordAt(lParam) : arrayText(fromWord<mvDataPointArray>(wParam));
+    return answered ? QStringLiteral("line ") + wordAt(lParam)
+                    : arrayText(fromWord<mvDataPointArray>(wParam));
 }
 
 QString identity(int wParam, int lParam, bool answered) {
@@ -173,7 +175,8 @@ QString changeArray(int wParam, int lParam, bool answered) {
     if (answered)
         return QString();
     return QStringLiteral("handle %1 %2")
-        .arg(hexText(quint32(wParam)), lParam ? instrumentText(*fromWord<coreNameInstrument>(lParam)) : missing());
+        .arg(hexText(quint32(wParam)),
+             lParam ? instrumentText(*fromWord<coreNameInstrument>(lParam)) : missing());
 }
 
 namespace {
@@ -228,7 +231,8 @@ QString subscribeEvent(int wParam, int, bool answered) {
 
 QString createEvent(int wParam, int, bool) {
     const auto *record = fromWord<coreEventCreation>(wParam);
-    return record ? QStringLiteral("%1 id %2").arg(quoted(fieldText(record->name)), hexText(record->id)) : missing();
+    return record ? QStringLiteral("%1 id %2").arg(quoted(fieldText(record->name)), hexText(record->id))
+                  : missing();
 }
 
 QString event(int wParam, int, bool answered) {
@@ -277,7 +281,8 @@ QString toolButton(int wParam, int, bool answered) {
     const auto *record = fromWord<mwiStateLsButton>(wParam);
     if (!record || !answered)
         return QString();
-    return record->armed ? QStringLiteral("armed ") + quoted(fieldText(record->name)) : QStringLiteral("not armed");
+    return record->armed ? QStringLiteral("armed ") + quoted(fieldText(record->name))
+                         : QStringLiteral("not armed");
 }
 
 QString control(int wParam, int lParam, bool answered) {
@@ -294,7 +299,8 @@ QString milestone(int wParam, int, bool answered) {
 QString caption(int wParam, int lParam, bool) {
     const auto *record = fromWord<coreChartWindow>(wParam);
     return QStringLiteral("window %1 %2")
-        .arg(record ? hex(record->widget) : missing(), lParam ? quoted(readText(fromWord<Unit16>(lParam), 255)) : missing());
+        .arg(record ? hex(record->widget) : missing(),
+             lParam ? quoted(readText(fromWord<Unit16>(lParam), 255)) : missing());
 }
 
 QString catalogue(int wParam, int, bool answered) {
@@ -347,7 +353,10 @@ QString pageItem(int wParam, int lParam, bool answered) {
     const auto *item = fromWord<PROPERTY>(lParam);
     QString shown = pageText(fromWord<PROPERTY_PAGE>(wParam));
     if (item)
-        shown += QStringLiteral(", item %1.%2 %3").arg(item->group).arg(item->index).arg(quoted(readText(item->name, 255)));
+        shown += QStringLiteral(", item %1.%2 %3")
+                     .arg(item->group)
+                     .arg(item->index)
+                     .arg(quoted(readText(item->name, 255)));
     return shown;
 }
 
@@ -395,7 +404,8 @@ QString rename(int wParam, int lParam, bool answered) {
 
 QString globalParameters(int wParam, int, bool answered) {
     const auto *record = fromWord<coreGlobalParameters>(wParam);
-    return record && !answered ? QStringLiteral("group %1 change %2").arg(record->group).arg(record->change) : QString();
+    return record && !answered ? QStringLiteral("group %1 change %2").arg(record->group).arg(record->change)
+                               : QString();
 }
 
 QString panelState(int wParam, int lParam, bool answered) {
@@ -403,7 +413,10 @@ QString panelState(int wParam, int lParam, bool answered) {
     const auto *state = fromWord<mwiPanelState>(lParam);
     if (!window || !state || answered)
         return QString();
-    return QStringLiteral("window %1 kind %2 item %3").arg(hex(window->widget)).arg(state->kind).arg(state->item);
+    return QStringLiteral("window %1 kind %2 item %3")
+        .arg(hex(window->widget))
+        .arg(state->kind)
+        .arg(state->item);
 }
 
 QString convertList(int wParam, int, bool answered) {
@@ -434,7 +447,8 @@ QString itemList(int wParam, int lParam, bool answered) {
         return QString();
     QStringList parts{QStringLiteral("window %1").arg(hexText(quint32(wParam)))};
     for (int i = 0; list->items && i < std::min(int(list->count), mostListed); ++i)
-        parts << instrumentText(list->items[i].instrument) + QStringLiteral(" kind %1").arg(list->items[i].kind);
+        parts << instrumentText(list->items[i].instrument) +
+                     QStringLiteral(" kind %1").arg(list->items[i].kind);
     return parts.join(QLatin1String(", "));
 }
 
@@ -446,7 +460,8 @@ QString node(int wParam, int lParam, bool answered) {
     const auto *record = fromWord<coreSzNode>(lParam);
     if (!record || answered)
         return QString();
-    return QStringLiteral("%1 node %2/%3").arg(hexText(quint32(wParam)), hexText(record->root), hexText(record->node));
+    return QStringLiteral("%1 node %2/%3")
+        .arg(hexText(quint32(wParam)), hexText(record->root), hexText(record->node));
 }
 
 } // namespace desk::decode

@@ -8,10 +8,10 @@ namespace desk::decode {
 #define DESK_DECODER(name) QString name(int wParam, int lParam, bool answered)
 
 DESK_DECODER(nothing);
-DESK_DECODER(handle);          // wParam is a handle
-DESK_DECODER(handleAndWord);   // wParam a handle, lParam an out word
-DESK_DECODER(word);            // wParam is the address of a word
-DESK_DECODER(numbers);         // both words as plain numbers
+DESK_DECODER(handle);        // wParam is a handle
+DESK_DECODER(handleAndWord); // wParam a handle, lParam an out word
+DESK_DECODER(word);          // wParam is the address of a word
+DESK_DECODER(numbers);       // both words as plain numbers
 DESK_DECODER(interfaceRequest);
 DESK_DECODER(interfaceNames);
 DESK_DECODER(createObject);
@@ -35,11 +35,11 @@ DESK_DECODER(createEvent);
 DESK_DECODER(event);
 DESK_DECODER(emitEvent);
 DESK_DECODER(languages);
-DESK_DECODER(text);            // wParam is a zero-ended UTF-16 text
-DESK_DECODER(answeredText);    // the same, filled by the receiver
+DESK_DECODER(text);         // wParam is a zero-ended UTF-16 text
+DESK_DECODER(answeredText); // the same, filled by the receiver
 DESK_DECODER(folder);
 DESK_DECODER(toolButton);
-DESK_DECODER(control);         // lParam is an out pointer
+DESK_DECODER(control); // lParam is an out pointer
 DESK_DECODER(milestone);
 DESK_DECODER(caption);
 DESK_DECODER(catalogue);

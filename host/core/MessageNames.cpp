@@ -200,9 +200,11 @@ constexpr MessageText toModule[] = {
     {ToModule::OpenReport, "open report", handle},
 };
 
-template <std::size_t N> const MessageText *look(const MessageText (&table)[N], unsigned message) {
-    const auto place = std::lower_bound(std::begin(table), std::end(table), message,
-                                        [](const MessageText &row, unsigned number) { return row.number < number; });
+template <std::size_t N>
+const MessageText *look(const MessageText (&table)[N], unsigned message) {
+    const auto place =
+        std::lower_bound(std::begin(table), std::end(table), message,
+                         [](const MessageText &row, unsigned number) { return row.number < number; });
     return place != std::end(table) && place->number == message ? place : nullptr;
 }
 

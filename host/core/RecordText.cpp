@@ -35,7 +35,8 @@ QString periodText(const namePeriod &period) {
 
 QString instrumentText(const coreNameInstrument &name) {
     return QStringLiteral("%1 %2 %3")
-        .arg(quoted(readText(name.m_szNameSymbol, 255)), readText(name.m_szType, 255), periodText(name.m_periods));
+        .arg(quoted(readText(name.m_szNameSymbol, 255)), readText(name.m_szType, 255),
+             periodText(name.m_periods));
 }
 
 QString interfaceText(const coreNameInterface &name) {

@@ -4,7 +4,8 @@ namespace desk {
 
 namespace {
 
-template <class Map> void removeValue(Map &map, const Service *service) {
+template <class Map>
+void removeValue(Map &map, const Service *service) {
     for (auto place = map.begin(); place != map.end();) {
         if (place->second == service)
             place = map.erase(place);

@@ -8,7 +8,8 @@ Service::~Service() {
     m_host.interfaces().remove(this);
 }
 
-Handle Service::registerInterface(const QByteArray &kind, const QByteArray &provider, const QByteArray &object) {
+Handle Service::registerInterface(const QByteArray &kind, const QByteArray &provider,
+                                  const QByteArray &object) {
     const Handle handle = m_host.handles().next();
     m_host.interfaces().add({kind, provider, object, handle, this});
     return handle;

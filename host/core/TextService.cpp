@@ -27,7 +27,8 @@ constexpr Language known[] = {
 } // namespace
 
 TextService::TextService(Host &host)
-    : Service(host), m_language(QString::fromLatin1(known[0].name)), m_translator(std::make_unique<TextTranslator>()) {
+    : Service(host), m_language(QString::fromLatin1(known[0].name)),
+      m_translator(std::make_unique<TextTranslator>()) {
     take(coreHandle(), {ToHost::InsertText, ToHost::LanguageCount, ToHost::Languages});
     QCoreApplication::installTranslator(m_translator.get());
     DateService::setLocale(QLocale(known[0].locale, known[0].country));
@@ -72,9 +73,10 @@ bool TextService::handle(Handle, unsigned message, int wParam, int, int &result)
 }
 
 void TextService::setLanguage(const QString &language) {
-    const auto found = std::find_if(std::begin(known), std::end(known), [&language](const Language &candidate) {
-        return language == QLatin1String(candidate.name);
-    });
+    const auto found =
+        std::find_if(std::begin(known), std::end(known), [&language](const Language &candidate) {
+            return language == QLatin1String(candidate.name);
+        });
     if (found == std::end(known) || m_language == language)
         return;
     m_language = language;

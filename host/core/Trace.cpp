@@ -34,14 +34,14 @@ void Trace::write(const QString &text) {
     m_file.flush();
 }
 
-Trace::Scope::Scope(Trace &trace, Direction direction, Handle target, unsigned message, int wParam, int lParam)
+Trace::Scope::Scope(Trace &trace, Direction direction, Handle target, unsigned message, int wParam,
+                    int lParam)
     : m_trace(trace), m_direction(direction), m_message(message), m_wParam(wParam), m_lParam(lParam) {
     if (!trace.isOpen())
         return;
     const MessageText *text = direction == Trace::ToHost ? messageToHost(message) : messageToModule(message);
-    QString line = direction == Trace::ToHost
-                       ? QStringLiteral("module -> %1: ").arg(trace.targetName(target))
-                       : QStringLiteral("host -> module: ");
+    QString line = direction == Trace::ToHost ? QStringLiteral("module -> %1: ").arg(trace.targetName(target))
+                                              : QStringLiteral("host -> module: ");
     line += QString::number(message) + QLatin1Char(' ') + QLatin1String(text ? text->name : "unknown");
     const QString decoded = text && text->decode ? text->decode(wParam, lParam, false) : QString();
     if (!decoded.isEmpty())
@@ -60,7 +60,8 @@ Trace::Scope::~Scope() {
 void Trace::Scope::end(int result, bool known) const {
     if (!m_trace.isOpen())
         return;
-    const MessageText *text = m_direction == Trace::ToHost ? messageToHost(m_message) : messageToModule(m_message);
+    const MessageText *text =
+        m_direction == Trace::ToHost ? messageToHost(m_message) : messageToModule(m_message);
     QString line = QStringLiteral("= %1").arg(result);
     if (!known)
         line += QStringLiteral(" (not answered)");

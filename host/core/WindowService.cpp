@@ -23,11 +23,11 @@ WindowService::WindowService(Host &host, WindowFront &front, const QString &appl
     : Service(host), m_front(front), m_applicationName(applicationName),
       m_interface(registerInterface("MAINWINDOW", "VELMAR", "")) {
     locatorFront = &front;
-    take(m_interface, {ToHost::Milestone, ToHost::CaptionChanged, ToHost::DropTaken, ToHost::ToolButtonState,
-                       ToHost::ClearToolButton, ToHost::OpenChartIdentity, ToHost::DealingRequest,
-                       ToHost::ZoomInButton, ToHost::ZoomOutButton, ToHost::ZoomSlider, ToHost::LastCandleButton,
-                       ToHost::InformationBoxButton, ToHost::CrossCursor, ToHost::LocatorFunction,
-                       ToHost::OpenAlert});
+    take(m_interface,
+         {ToHost::Milestone, ToHost::CaptionChanged, ToHost::DropTaken, ToHost::ToolButtonState,
+          ToHost::ClearToolButton, ToHost::OpenChartIdentity, ToHost::DealingRequest, ToHost::ZoomInButton,
+          ToHost::ZoomOutButton, ToHost::ZoomSlider, ToHost::LastCandleButton, ToHost::InformationBoxButton,
+          ToHost::CrossCursor, ToHost::LocatorFunction, ToHost::OpenAlert});
     take(coreHandle(), {ToHost::ApplicationCaption, ToHost::OpenHelp, ToHost::OpenAlert});
 }
 
@@ -37,8 +37,8 @@ WindowService::~WindowService() {
 }
 
 void WindowService::takeModuleInterface(Handle moduleInterface) {
-    take(moduleInterface, {ToHost::Milestone, ToHost::CaptionChanged, ToHost::DropTaken, ToHost::OpenChartIdentity,
-                           ToHost::DealingRequest});
+    take(moduleInterface, {ToHost::Milestone, ToHost::CaptionChanged, ToHost::DropTaken,
+                           ToHost::OpenChartIdentity, ToHost::DealingRequest});
 }
 
 void WindowService::setCrossCursor(bool on) {

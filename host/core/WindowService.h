@@ -8,8 +8,8 @@ namespace desk {
 
 class WindowFront;
 
-// "MAINWINDOW": captions, milestones, tool buttons and slider, cross cursor, information box, and what a chart
-// asks the main window to open. Drawing tools have no tool bar here, so none is ever armed.
+// "MAINWINDOW": captions, milestones, tool buttons and slider, cross cursor, information box, and what a
+// chart asks the main window to open. Drawing tools have no tool bar here, so none is ever armed.
 class WindowService : public Service {
 public:
     WindowService(Host &host, WindowFront &front, const QString &applicationName);

@@ -39,7 +39,8 @@ std::vector<Deal> practiceDeals(const SourceView &series) {
     return deals;
 }
 
-DealReport::DealReport(Service &maker, Handle interfaceHandle, const coreNameInstrument &name, const QString &symbol)
+DealReport::DealReport(Service &maker, Handle interfaceHandle, const coreNameInstrument &name,
+                       const QString &symbol)
     : CalculatedObject(maker, interfaceHandle), m_identity(name), m_symbol(symbol),
       m_prices(std::make_unique<PointArray<corePointValue>>(valueLayout())),
       m_balance(std::make_unique<PointArray<corePointValue>>(valueLayout())) {

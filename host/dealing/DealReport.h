@@ -7,7 +7,8 @@ namespace desk {
 
 class SourceView;
 
-// One closed deal of the practice account: bought (positive volume) or sold, from one bar's close to another's.
+// One closed deal of the practice account: bought (positive volume) or sold, from one bar's close to
+// another's.
 struct Deal {
     int openBar = 0;
     int closeBar = 0;

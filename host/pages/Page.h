@@ -19,8 +19,8 @@ struct PageItem {
     double maximum = 0;
     double step = 1;
     int digits = 0;
-    QStringList choices;  // List
-    int width = 0;        // Widget
+    QStringList choices; // List
+    int width = 0;       // Widget
     int height = 0;
     bool readOnly = false;
     int group = 0; // what the page's owner calls the group and the item

@@ -27,7 +27,8 @@ int choiceCount(const propertyList &list) {
     return list.entries ? std::max(0, std::min(int(list.count), mostChoices)) : 0;
 }
 
-template <class T> T value(const PROPERTY &record) {
+template <class T>
+T value(const PROPERTY &record) {
     T result;
     std::memcpy(&result, record.value, sizeof result);
     return result;
@@ -115,7 +116,8 @@ bool isReadable(const PROPERTY *record) {
     return record && record->value && record->type < std::size(types);
 }
 
-template <class T> void store(PROPERTY &record, const T &value) {
+template <class T>
+void store(PROPERTY &record, const T &value) {
     std::memcpy(record.value, &value, sizeof value);
 }
 

@@ -90,7 +90,8 @@ PageEditor makeIntEditor(const PageItem &item, QWidget *parent, const std::funct
     box->setValue(item.value.toInt());
     box->setReadOnly(item.readOnly);
     QObject::connect(box, QOverload<int>::of(&QSpinBox::valueChanged), parent, [changed](int) { changed(); });
-    return {box, [box] { return QVariant(box->value()); }, [box](const QVariant &value) {
+    return {box, [box] { return QVariant(box->value()); },
+            [box](const QVariant &value) {
                 const QSignalBlocker quiet(box);
                 box->setValue(value.toInt());
             }};
@@ -106,7 +107,8 @@ PageEditor makeDoubleEditor(const PageItem &item, QWidget *parent, const std::fu
     box->setReadOnly(item.readOnly);
     QObject::connect(box, QOverload<double>::of(&QDoubleSpinBox::valueChanged), parent,
                      [changed](double) { changed(); });
-    return {box, [box] { return QVariant(box->value()); }, [box](const QVariant &value) {
+    return {box, [box] { return QVariant(box->value()); },
+            [box](const QVariant &value) {
                 const QSignalBlocker quiet(box);
                 box->setValue(value.toDouble());
             }};
@@ -146,7 +148,8 @@ PageEditor makeListEditor(const PageItem &item, QWidget *parent, const std::func
     box->setEnabled(!item.readOnly);
     QObject::connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), parent,
                      [changed](int) { changed(); });
-    return {box, [box] { return QVariant(box->currentIndex()); }, [box](const QVariant &value) {
+    return {box, [box] { return QVariant(box->currentIndex()); },
+            [box](const QVariant &value) {
                 const QSignalBlocker quiet(box);
                 box->setCurrentIndex(value.toInt());
             }};
@@ -160,7 +163,8 @@ PageEditor makeDateTimeEditor(const PageItem &item, QWidget *parent, const std::
     edit->setDateTime(item.value.toDateTime().toUTC());
     edit->setReadOnly(item.readOnly);
     QObject::connect(edit, &QDateTimeEdit::dateTimeChanged, parent, [changed] { changed(); });
-    return {edit, [edit] { return QVariant(edit->dateTime()); }, [edit](const QVariant &value) {
+    return {edit, [edit] { return QVariant(edit->dateTime()); },
+            [edit](const QVariant &value) {
                 const QSignalBlocker quiet(edit);
                 edit->setDateTime(value.toDateTime().toUTC());
             }};
@@ -171,7 +175,8 @@ PageEditor makeBooleanEditor(const PageItem &item, QWidget *parent, const std::f
     box->setChecked(item.value.toBool());
     box->setEnabled(!item.readOnly);
     QObject::connect(box, &QCheckBox::toggled, parent, [changed] { changed(); });
-    return {box, [box] { return QVariant(box->isChecked()); }, [box](const QVariant &value) {
+    return {box, [box] { return QVariant(box->isChecked()); },
+            [box](const QVariant &value) {
                 const QSignalBlocker quiet(box);
                 box->setChecked(value.toBool());
             }};
@@ -185,8 +190,8 @@ PageEditor makeHostedEditor(const PageItem &item, QWidget *parent, const std::fu
 }
 
 using MakeEditor = PageEditor (*)(const PageItem &, QWidget *, const std::function<void()> &);
-constexpr MakeEditor makers[] = {makeIntEditor,  makeDoubleEditor,   makeTextEditor,
-                                 makeColourEditor, makeFontEditor,   makeListEditor,
+constexpr MakeEditor makers[] = {makeIntEditor,      makeDoubleEditor,  makeTextEditor,
+                                 makeColourEditor,   makeFontEditor,    makeListEditor,
                                  makeDateTimeEditor, makeBooleanEditor, makeHostedEditor};
 
 } // namespace

@@ -76,7 +76,8 @@ ChartPane *ChartDeck::addChart() {
         arrange();
         return nullptr;
     }
-    connect(pane, &ChartPane::closeWanted, this, [this, pane] { closeChart(pane); }, Qt::QueuedConnection);
+    connect(
+        pane, &ChartPane::closeWanted, this, [this, pane] { closeChart(pane); }, Qt::QueuedConnection);
     connect(pane, &ChartPane::activateWanted, this, [this, pane] { activate(pane); });
     connect(pane, &ChartPane::maximiseWanted, this, [this, pane] {
         activate(pane);
@@ -234,7 +235,8 @@ void ChartDeck::arrange() {
         const int y = rows[r] + gap * int(r);
         for (std::size_t c = 0; c < m_rows[r].columns.size() && next < m_panes.size(); ++c) {
             ChartPane *pane = m_panes[next++];
-            pane->setGeometry(columns[c] + gap * int(c), y, columns[c + 1] - columns[c], rows[r + 1] - rows[r]);
+            pane->setGeometry(columns[c] + gap * int(c), y, columns[c + 1] - columns[c],
+                              rows[r + 1] - rows[r]);
             pane->show();
         }
     }
@@ -289,7 +291,8 @@ void ChartDeck::mouseMoveEvent(QMouseEvent *event) {
     const int length = isRow ? height() : width();
     const std::vector<int> edges = offsets(weights, length);
     const int pair = edges[before + 2] - edges[before];
-    const int place = (isRow ? event->pos().y() : event->pos().x()) - gap * m_drag.before - gap / 2 - edges[before];
+    const int place =
+        (isRow ? event->pos().y() : event->pos().x()) - gap * m_drag.before - gap / 2 - edges[before];
     if (pair < 2 * smallestShare)
         return;
     const double share = double(qBound(smallestShare, place, pair - smallestShare)) / pair;

@@ -56,7 +56,8 @@ QString LogPanel::text() const {
 void LogPanel::append(const JournalLine &line) {
     m_text->appendPlainText(QStringLiteral("%1  %2  %3  %4")
                                 .arg(line.time.toString(QStringLiteral("HH:mm:ss.zzz")),
-                                     levelName(line.level).leftJustified(8), line.source.leftJustified(14), line.text));
+                                     levelName(line.level).leftJustified(8), line.source.leftJustified(14),
+                                     line.text));
 }
 
 void LogPanel::setLevel(int index) {

@@ -37,7 +37,8 @@ const char *const typeNames[] = {"Bid", "Ask", "Middle"};
 MainWindow::MainWindow(Host &host, Journal &journal)
     : m_host(host), m_journal(journal), m_deck(new ChartDeck(host, this)), m_symbols(new SymbolPanel(this)),
       m_indicators(new IndicatorPanel(host, this)), m_information(new InformationPanel(this)),
-      m_log(new LogPanel(journal, this)), m_actions(new ActionPanel(this)), m_properties(new PropertyDock(this)) {
+      m_log(new LogPanel(journal, this)), m_actions(new ActionPanel(this)),
+      m_properties(new PropertyDock(this)) {
     setObjectName(QStringLiteral("mainWindow"));
     setWindowIcon(QIcon(QStringLiteral(":/icons/desk.svg")));
     setCentralWidget(m_deck);
@@ -60,7 +61,8 @@ MainWindow::MainWindow(Host &host, Journal &journal)
         m_information->showLines({}, Qt::white);
     });
     connect(m_deck, &ChartDeck::modeChanged, this, [this](ChartDeck::Mode mode) {
-        action(mode == ChartDeck::Tiled ? QStringLiteral("viewTiles") : QStringLiteral("viewTabs"))->setChecked(true);
+        action(mode == ChartDeck::Tiled ? QStringLiteral("viewTiles") : QStringLiteral("viewTabs"))
+            ->setChecked(true);
     });
     connect(m_symbols, &SymbolPanel::addWanted, this, [this](const QString &symbol) {
         if (ChartPane *pane = m_deck->active())
@@ -97,11 +99,12 @@ void MainWindow::setServices(const WindowServices &services) {
     m_services.properties->raisePanel = [this](int panel) { raisePanel(panel); };
     connect(services.quotes, &QuoteBook::symbolsChanged, this, &MainWindow::refreshSymbols);
     connect(services.quotes, &QuoteBook::historyChanged, this, &MainWindow::refreshSymbols);
-    connect(services.quotes, &QuoteBook::quoted, this, [this](const QString &symbol, qint64, double bid, double ask) {
-        m_newQuotes[symbol] = {bid, ask};
-        if (!m_quoteTimer.isActive())
-            m_quoteTimer.start();
-    });
+    connect(services.quotes, &QuoteBook::quoted, this,
+            [this](const QString &symbol, qint64, double bid, double ask) {
+                m_newQuotes[symbol] = {bid, ask};
+                if (!m_quoteTimer.isActive())
+                    m_quoteTimer.start();
+            });
     refreshSymbols();
     m_indicators->reload();
 }
@@ -209,8 +212,9 @@ void MainWindow::showChartState() {
         price->setEnabled(instrument != nullptr);
         price->setChecked(price->data().toString() == QLatin1String(type < 0 ? "" : typeNames[type]));
     }
-    setWindowTitle(m_deck->active() && !m_deck->active()->caption().isEmpty() ? m_deck->active()->caption()
-                                                                              : QCoreApplication::applicationName());
+    setWindowTitle(m_deck->active() && !m_deck->active()->caption().isEmpty()
+                       ? m_deck->active()->caption()
+                       : QCoreApplication::applicationName());
 }
 
 void MainWindow::setTimeframe(int item) {

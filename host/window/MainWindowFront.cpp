@@ -42,7 +42,8 @@ void MainWindow::progress(const QString &what, int percent) {
 bool MainWindow::confirm(CalculatedObject &object) {
     if (m_unattended || !object.page())
         return true;
-    // The dialog runs an event loop, in which anything may close: the object is held, the window is asked for.
+    // The dialog runs an event loop, in which anything may close: the object is held, the window is asked
+    // for.
     const std::shared_ptr<CalculatedObject> held = m_host.objects().find(object.handle());
     ObjectDialog dialog(object, this);
     return dialog.exec() == QDialog::Accepted;
@@ -106,14 +107,16 @@ void MainWindow::askForLogin() {
 }
 
 void MainWindow::openHelp(const QString &page) {
-    tell(Level::Message, tr("Help page %1: the keys and gestures of the charts are in the user guide.").arg(page));
+    tell(Level::Message,
+         tr("Help page %1: the keys and gestures of the charts are in the user guide.").arg(page));
 }
 
 void MainWindow::openAlert(const QString &symbol) {
     if (m_unattended)
         return;
     auto *box = new QMessageBox(QMessageBox::Information, tr("New alert"),
-                                tr("Alert for %1: alerts need a dealing account.").arg(symbol), QMessageBox::Ok, this);
+                                tr("Alert for %1: alerts need a dealing account.").arg(symbol),
+                                QMessageBox::Ok, this);
     box->setObjectName(QStringLiteral("alertBox"));
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->open();

@@ -35,7 +35,7 @@ struct Timeframe {
     const char *name;
     int item;
 };
-constexpr Timeframe timeframes[] = {{"tick", 8}, {"M1", 0}, {"M5", 1}, {"M10", 2}, {"H1", 3},
+constexpr Timeframe timeframes[] = {{"tick", 8}, {"M1", 0}, {"M5", 1},  {"M10", 2}, {"H1", 3},
                                     {"H3", 4},   {"D1", 5}, {"MN1", 6}, {"Y1", 7}};
 
 // The types of prices and their numbers for the charts.
@@ -61,8 +61,9 @@ void MainWindow::makeDocks() {
     tabifyDockWidget(m_log, m_actions);
     for (QDockWidget *dock : findChildren<QDockWidget *>())
         dock->setFeatures(QDockWidget::DockWidgetClosable | QDockWidget::DockWidgetMovable);
-    for (QDockWidget *hidden : {static_cast<QDockWidget *>(m_properties), static_cast<QDockWidget *>(m_information),
-                                static_cast<QDockWidget *>(m_log), static_cast<QDockWidget *>(m_actions)})
+    for (QDockWidget *hidden :
+         {static_cast<QDockWidget *>(m_properties), static_cast<QDockWidget *>(m_information),
+          static_cast<QDockWidget *>(m_log), static_cast<QDockWidget *>(m_actions)})
         hidden->hide();
     resizeDocks({m_symbols, m_properties}, {290, 320}, Qt::Horizontal);
     resizeDocks({m_symbols, m_indicators}, {240, 420}, Qt::Vertical);
@@ -96,7 +97,8 @@ void MainWindow::makeTimeframeBar() {
     m_types = new QActionGroup(this);
     m_types->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
     for (const PriceType &type : priceTypes) {
-        QAction *entry = addAction(m_periodBar, QStringLiteral("type_%1").arg(QLatin1String(type.name)), type.name);
+        QAction *entry =
+            addAction(m_periodBar, QStringLiteral("type_%1").arg(QLatin1String(type.name)), type.name);
         entry->setData(QString::fromLatin1(type.name));
         entry->setCheckable(true);
         m_types->addAction(entry);
@@ -143,7 +145,8 @@ void MainWindow::makeZoomBar() {
     });
 }
 
-QAction *MainWindow::addAction(QWidget *menu, const QString &name, const char *text, const QKeySequence &keys) {
+QAction *MainWindow::addAction(QWidget *menu, const QString &name, const char *text,
+                               const QKeySequence &keys) {
     auto *entry = new QAction(this);
     entry->setObjectName(name);
     entry->setShortcut(keys);
@@ -178,12 +181,16 @@ void MainWindow::makeMenus() {
 
     QMenu *view = menu(QT_TR_NOOP("&View"));
     QAction *chart = addAction(view, "viewNewChart", QT_TR_NOOP("&New chart"), QKeySequence::New);
-    QAction *closeChart = addAction(view, "viewCloseChart", QT_TR_NOOP("&Close chart"), QKeySequence(Qt::CTRL | Qt::Key_W));
-    QAction *next = addAction(view, "viewNextChart", QT_TR_NOOP("Ne&xt chart"), QKeySequence(Qt::CTRL | Qt::Key_Tab));
+    QAction *closeChart =
+        addAction(view, "viewCloseChart", QT_TR_NOOP("&Close chart"), QKeySequence(Qt::CTRL | Qt::Key_W));
+    QAction *next =
+        addAction(view, "viewNextChart", QT_TR_NOOP("Ne&xt chart"), QKeySequence(Qt::CTRL | Qt::Key_Tab));
     view->addSeparator();
     auto *layouts = new QActionGroup(this);
-    QAction *tiles = addAction(view, "viewTiles", QT_TR_NOOP("&Tile charts"), QKeySequence(Qt::CTRL | Qt::Key_1));
-    QAction *tabs = addAction(view, "viewTabs", QT_TR_NOOP("Charts in t&abs"), QKeySequence(Qt::CTRL | Qt::Key_2));
+    QAction *tiles =
+        addAction(view, "viewTiles", QT_TR_NOOP("&Tile charts"), QKeySequence(Qt::CTRL | Qt::Key_1));
+    QAction *tabs =
+        addAction(view, "viewTabs", QT_TR_NOOP("Charts in t&abs"), QKeySequence(Qt::CTRL | Qt::Key_2));
     for (QAction *layout : {tiles, tabs}) {
         layout->setCheckable(true);
         layouts->addAction(layout);
@@ -222,7 +229,8 @@ void MainWindow::makeMenus() {
     QAction *dayOff = addAction(account, "accountDayOff", QT_TR_NOOP("&Day off of USD/CHF"));
     dayOff->setCheckable(true);
     connect(report, &QAction::triggered, this, &MainWindow::openReport);
-    connect(dayOff, &QAction::triggered, this, [this](bool on) { m_services.dealing->setDayOff("USD/CHF", on); });
+    connect(dayOff, &QAction::triggered, this,
+            [this](bool on) { m_services.dealing->setDayOff("USD/CHF", on); });
 
     m_languageMenu = menu(QT_TR_NOOP("&Language"));
     m_languages = new QActionGroup(this);
@@ -260,7 +268,8 @@ void MainWindow::retranslate() {
 // A chart of its own for the deals on the active chart's symbol; it goes again when the user asks for none.
 void MainWindow::openReport() {
     const CalculatedObject *instrument = activeInstrument();
-    m_services.reports->setSymbol(instrument ? readText(instrument->identity().m_szNameSymbol, 255) : QString());
+    m_services.reports->setSymbol(instrument ? readText(instrument->identity().m_szNameSymbol, 255)
+                                             : QString());
     ChartPane *pane = newChart();
     if (!pane)
         return;

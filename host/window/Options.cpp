@@ -13,8 +13,8 @@ QString text(const char *english) {
 
 // All that the command line takes; one description for the parser and the help.
 void describe(QCommandLineParser &parser) {
-    parser.setApplicationDescription(
-        text("A small trading terminal around the chart module. Without arguments it shows a built-in market."));
+    parser.setApplicationDescription(text(
+        "A small trading terminal around the chart module. Without arguments it shows a built-in market."));
     parser.addOptions({
         {{"h", "help"}, text("Show this help.")},
         {"quotes", text("Read a file of quotes (repeatable). Its form is found out."), text("FILE[=SYMBOL]")},
@@ -131,7 +131,8 @@ bool Options::parse(const QStringList &arguments, QString &message) {
         const QRegularExpressionMatch match =
             QRegularExpression(QStringLiteral("^(\\d{2,5})[xX](\\d{2,5})$")).match(parser.value("size"));
         size = QSize(match.captured(1).toInt(), match.captured(2).toInt());
-        if (!match.hasMatch() || size.width() > 16384 || size.height() > 16384 || size.width() < 64 || size.height() < 64)
+        if (!match.hasMatch() || size.width() > 16384 || size.height() > 16384 || size.width() < 64 ||
+            size.height() < 64)
             return refuse(text("'%1' is no size: write it like 1280x720.").arg(parser.value("size")));
     }
     screenshot = parser.value("screenshot");

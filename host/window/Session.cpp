@@ -209,8 +209,9 @@ QString Session::openCharts() {
         const QString symbol = symbolFrom(m_options.symbol);
         if (!m_book->history(symbol) && !m_feed)
             return tr("The symbol '%1' is unknown: there are quotes of %2.")
-                .arg(m_options.symbol, m_book->symbols().isEmpty() ? tr("nothing")
-                                                                   : m_book->symbols().join(QStringLiteral(", ")));
+                .arg(m_options.symbol, m_book->symbols().isEmpty()
+                                           ? tr("nothing")
+                                           : m_book->symbols().join(QStringLiteral(", ")));
         symbols << symbol;
     } else if (!m_importedSymbols.isEmpty()) {
         symbols = m_importedSymbols;
@@ -249,8 +250,9 @@ void Session::openArrived() {
     }
     for (const QString &symbol : m_book->symbols()) {
         const SymbolHistory *history = m_book->history(symbol);
-        const bool open = int(m_window->deck().panes().size()) < mostCharts && history && !history->isEmpty() &&
-                          (wanted.isEmpty() || symbol == wanted) && !shown.contains(symbol);
+        const bool open = int(m_window->deck().panes().size()) < mostCharts && history &&
+                          !history->isEmpty() && (wanted.isEmpty() || symbol == wanted) &&
+                          !shown.contains(symbol);
         if (open)
             openChart(symbol);
     }

@@ -67,7 +67,7 @@ private:
     bool m_showsArrivals = false; // charts open as a feed brings their symbols
     QStringList m_importedSymbols;
     QHash<QString, Period> m_periods; // at which a symbol's chart opens: that of its file
-    QStringList m_refusals; // of quote files
+    QStringList m_refusals;           // of quote files
     std::unique_ptr<Journal> m_journal;
     std::unique_ptr<QuoteBook> m_book;
     std::unique_ptr<Market> m_market;

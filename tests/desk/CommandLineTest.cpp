@@ -25,8 +25,9 @@ protected:
         environment.remove("WAYLAND_DISPLAY");
         environment.remove("QT_QPA_PLATFORM");
         // The platform's own leftovers are none of ours; this concerns builds with a leak check only.
-        environment.insert("LSAN_OPTIONS", "print_suppressions=0:suppressions=" +
-                                               QStringLiteral(VELMAR_SOURCE_DIR "/tests/suppressions/leaks.supp"));
+        environment.insert("LSAN_OPTIONS",
+                           "print_suppressions=0:suppressions=" +
+                               QStringLiteral(VELMAR_SOURCE_DIR "/tests/suppressions/leaks.supp"));
         process.setProcessEnvironment(environment);
         process.start(QStringLiteral(VELMAR_DESK), arguments);
         process.write(input);
@@ -76,17 +77,17 @@ TEST_F(CommandLine, AMissingQuoteFileIsSaidAndNothingIsShown) {
 TEST_F(CommandLine, TheHelpTellsEveryOption) {
     const Outcome outcome = run({"--help"});
     EXPECT_EQ(outcome.code, 0);
-    for (const char *option : {"--quotes", "--clock", "--digits", "--date", "--feed", "--replay", "--speed", "--symbol",
-                               "--period", "--type", "--bars", "--size", "--screenshot", "--trace", "--library",
-                               "--store", "--help"})
+    for (const char *option : {"--quotes", "--clock", "--digits", "--date", "--feed", "--replay", "--speed",
+                               "--symbol", "--period", "--type", "--bars", "--size", "--screenshot",
+                               "--trace", "--library", "--store", "--help"})
         EXPECT_TRUE(outcome.out.contains(option)) << option;
 }
 
 TEST_F(CommandLine, APictureOfAQuoteFileNeedsNoDisplay) {
     const QString bars = writeBars(m_folder, "bars.csv", 400);
-    const Outcome outcome = run({"--quotes", bars + "=EUR/USD", "--symbol", "EUR/USD", "--period", "H1", "--type", "Bid",
-                                 "--bars", "120", "--size", "1280x720", "--screenshot", path("out.png"), "--trace",
-                                 path("trace.txt")});
+    const Outcome outcome = run({"--quotes", bars + "=EUR/USD", "--symbol", "EUR/USD", "--period", "H1",
+                                 "--type", "Bid", "--bars", "120", "--size", "1280x720", "--screenshot",
+                                 path("out.png"), "--trace", path("trace.txt")});
     EXPECT_EQ(outcome.code, 0) << outcome.error.toStdString();
     EXPECT_EQ(outcome.error, "") << outcome.error.toStdString();
     const QImage picture(path("out.png"));
@@ -112,8 +113,9 @@ TEST_F(CommandLine, AFeedOpensTheChartsOfItsSymbols) {
                      .arg(100 + second % 7)
                      .arg(110 + second % 7)
                      .toLatin1();
-    const Outcome outcome = run({"--feed", "-", "--period", "M1", "--screenshot", path("out.png"), "--trace",
-                                 path("trace.txt")}, lines);
+    const Outcome outcome =
+        run({"--feed", "-", "--period", "M1", "--screenshot", path("out.png"), "--trace", path("trace.txt")},
+            lines);
     EXPECT_EQ(outcome.code, 0) << outcome.error.toStdString();
     QFile trace(path("trace.txt"));
     ASSERT_TRUE(trace.open(QIODevice::ReadOnly));
@@ -122,7 +124,8 @@ TEST_F(CommandLine, AFeedOpensTheChartsOfItsSymbols) {
 }
 
 TEST_F(CommandLine, AFeedWithoutAQuoteShowsNothing) {
-    const Outcome outcome = run({"--feed", "-", "--screenshot", path("out.png")}, "garbage\nEUR/USD,now,abc,1\n");
+    const Outcome outcome =
+        run({"--feed", "-", "--screenshot", path("out.png")}, "garbage\nEUR/USD,now,abc,1\n");
     EXPECT_EQ(outcome.code, 2);
     EXPECT_EQ(outcome.error.count("Line 1 of the feed"), 1) << outcome.error.toStdString();
     EXPECT_TRUE(outcome.error.contains("nothing to show")) << outcome.error.toStdString();

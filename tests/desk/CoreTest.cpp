@@ -46,13 +46,16 @@ int receiveMessage(void *, unsigned int message, int wParam, int lParam) {
 
 class Recorder : public Service {
 public:
-    Recorder(Host &host, const QByteArray &kind) : Service(host), handleOf(registerInterface(kind, "VELMAR", "Test")) {}
+    Recorder(Host &host, const QByteArray &kind)
+        : Service(host), handleOf(registerInterface(kind, "VELMAR", "Test")) {}
     bool handle(Handle, unsigned message, int, int, int &result) override {
         messages.push_back(message);
         result = 7;
         return true;
     }
-    void subscriptionChanged(Handle object, bool subscribed) override { changes.push_back({object, subscribed}); }
+    void subscriptionChanged(Handle object, bool subscribed) override {
+        changes.push_back({object, subscribed});
+    }
     using Service::take;
 
     Handle handleOf;
@@ -190,8 +193,8 @@ TEST_F(CoreTest, ObjectMessagesGoToTheMaker) {
 
     const Handle handle = host.objects().add(std::make_shared<TestObject>(candle, true));
     candle.messages.clear();
-    for (const unsigned message : {ToHost::OutputArrays, ToHost::OutputCount, ToHost::SourceCount, ToHost::ChangeArray,
-                                   ToHost::ReloadArray, ToHost::ConfirmObject})
+    for (const unsigned message : {ToHost::OutputArrays, ToHost::OutputCount, ToHost::SourceCount,
+                                   ToHost::ChangeArray, ToHost::ReloadArray, ToHost::ConfirmObject})
         EXPECT_EQ(send(message, int(handle)), 7) << message;
     EXPECT_EQ(candle.messages.size(), 6u);
     EXPECT_EQ(send(ToHost::OutputCount, int(handle) + 1), 0);
@@ -220,12 +223,26 @@ TEST_F(CoreTest, NullRecordsAreRefusedWithoutACrash) {
     for (unsigned message = 3000; message < 3300; ++message)
         send(message);
     // A handle without the record that belongs to it.
-    for (const unsigned message :
-         {ToHost::InterfaceNames, ToHost::Subscribe, ToHost::Unsubscribe, ToHost::SystemNumber,
-          ToHost::InterfaceOfObject, ToHost::LinkCount, ToHost::Links, ToHost::Identity, ToHost::BindLoadedLine,
-          ToHost::HorizontalLevels, ToHost::ObjectProperties, ToHost::FullPath, ToHost::SourceInterface,
-          ToHost::SourceName, ToHost::SourcePeriod, ToHost::DisplayNames, ToHost::BaseObject,
-          ToHost::OwnerLineNumber, ToHost::MenuText, ToHost::ObjectOfNumber})
+    for (const unsigned message : {ToHost::InterfaceNames,
+                                   ToHost::Subscribe,
+                                   ToHost::Unsubscribe,
+                                   ToHost::SystemNumber,
+                                   ToHost::InterfaceOfObject,
+                                   ToHost::LinkCount,
+                                   ToHost::Links,
+                                   ToHost::Identity,
+                                   ToHost::BindLoadedLine,
+                                   ToHost::HorizontalLevels,
+                                   ToHost::ObjectProperties,
+                                   ToHost::FullPath,
+                                   ToHost::SourceInterface,
+                                   ToHost::SourceName,
+                                   ToHost::SourcePeriod,
+                                   ToHost::DisplayNames,
+                                   ToHost::BaseObject,
+                                   ToHost::OwnerLineNumber,
+                                   ToHost::MenuText,
+                                   ToHost::ObjectOfNumber})
         send(message, int(handle));
     EXPECT_TRUE(host.objects().find(handle));
 }
@@ -233,8 +250,10 @@ TEST_F(CoreTest, NullRecordsAreRefusedWithoutACrash) {
 TEST_F(CoreTest, AnObjectTellsItsIdentity) {
     Recorder &candle = host.addService<Recorder>("CANDLE");
     const Handle instrument = host.objects().add(std::make_shared<TestObject>(candle, true));
-    const Handle first = host.objects().add(std::make_shared<TestObject>(candle, false, std::vector<Handle>{instrument}));
-    const Handle second = host.objects().add(std::make_shared<TestObject>(candle, false, std::vector<Handle>{first}));
+    const Handle first =
+        host.objects().add(std::make_shared<TestObject>(candle, false, std::vector<Handle>{instrument}));
+    const Handle second =
+        host.objects().add(std::make_shared<TestObject>(candle, false, std::vector<Handle>{first}));
     const Handle alone = host.objects().add(std::make_shared<TestObject>(candle, false));
 
     const auto word = [this](unsigned message, Handle handle) {
@@ -272,8 +291,10 @@ TEST_F(CoreTest, AnObjectTellsItsIdentity) {
 TEST_F(CoreTest, TheFullPathNamesTheSourcesTopmostFirst) {
     Recorder &candle = host.addService<Recorder>("CANDLE");
     const Handle instrument = host.objects().add(std::make_shared<TestObject>(candle, true));
-    const Handle first = host.objects().add(std::make_shared<TestObject>(candle, false, std::vector<Handle>{instrument}));
-    const Handle second = host.objects().add(std::make_shared<TestObject>(candle, false, std::vector<Handle>{first}));
+    const Handle first =
+        host.objects().add(std::make_shared<TestObject>(candle, false, std::vector<Handle>{instrument}));
+    const Handle second =
+        host.objects().add(std::make_shared<TestObject>(candle, false, std::vector<Handle>{first}));
     const Handle alone = host.objects().add(std::make_shared<TestObject>(candle, false));
 
     const auto path = [this](Handle handle) {
@@ -440,7 +461,8 @@ TEST_F(CoreTest, TextsOfTheModuleAreFoundByItsContextAndId) {
 
     received.clear();
     texts.setLanguage("Chinese (Simplified)");
-    EXPECT_EQ(QCoreApplication::translate("CTranslateGraphic", "G0150"), QString::fromUtf8("无法添加新的K线。"));
+    EXPECT_EQ(QCoreApplication::translate("CTranslateGraphic", "G0150"),
+              QString::fromUtf8("无法添加新的K线。"));
     ASSERT_EQ(received.size(), 1u);
     EXPECT_EQ(received[0].message, unsigned(ToModule::GlobalParameters));
     texts.setLanguage("No such language");
@@ -582,7 +604,8 @@ TEST_F(CoreTest, TheTraceNamesAndDecodesBothDirections) {
     QFile written(file);
     ASSERT_TRUE(written.open(QIODevice::ReadOnly));
     const QString text = QString::fromUtf8(written.readAll());
-    EXPECT_TRUE(text.contains("module -> core: 3001 find interface {\"CANDLE\"/\"VELMAR\"/\"\" mode 1}")) << text.toStdString();
+    EXPECT_TRUE(text.contains("module -> core: 3001 find interface {\"CANDLE\"/\"VELMAR\"/\"\" mode 1}"))
+        << text.toStdString();
     EXPECT_TRUE(text.contains("3013 subscribe"));
     EXPECT_TRUE(text.contains("= 0 (not answered)"));
     EXPECT_TRUE(text.contains("host -> module: 3009 update data {\"\"")) << text.toStdString();

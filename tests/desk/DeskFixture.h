@@ -62,7 +62,8 @@ protected:
     // One chart of one hour, EUR/USD, 300 bars, with its positions built.
     void startWithOneChart() {
         Options wanted = options();
-        wanted.quoteFiles.push_back(QuoteFile::fromArgument(writeBars(m_folder, "bars.csv", 300) + "=EUR/USD"));
+        wanted.quoteFiles.push_back(
+            QuoteFile::fromArgument(writeBars(m_folder, "bars.csv", 300) + "=EUR/USD"));
         wanted.period = Period{'I', 60};
         start(wanted);
         settle();
@@ -76,7 +77,8 @@ protected:
     QWidget *chart() { return deck().active() ? deck().active()->chart() : nullptr; }
     const QTemporaryDir &folder() const { return m_folder; }
 
-    template <class T> T *child(const char *name) {
+    template <class T>
+    T *child(const char *name) {
         T *found = m_session->window().findChild<T *>(QString::fromLatin1(name));
         EXPECT_TRUE(found) << name;
         return found;
@@ -91,7 +93,8 @@ protected:
         return tools ? tools->widgetForAction(window().action(QString::fromLatin1(action))) : nullptr;
     }
     void move(QWidget *widget, const QPoint &point, Qt::MouseButtons buttons = Qt::NoButton) {
-        QMouseEvent event(QEvent::MouseMove, point, widget->mapToGlobal(point), Qt::NoButton, buttons, Qt::NoModifier);
+        QMouseEvent event(QEvent::MouseMove, point, widget->mapToGlobal(point), Qt::NoButton, buttons,
+                          Qt::NoModifier);
         QApplication::sendEvent(widget, &event);
     }
     QString traced() {

@@ -18,8 +18,8 @@ namespace {
 
 class IndicatorGestures : public DeskTest {
 protected:
-    // Double-clicks an entry of the list; the desk's dialog is handed to `answer`, and the question for a layer
-    // that follows takes what it proposes.
+    // Double-clicks an entry of the list; the desk's dialog is handed to `answer`, and the question for a
+    // layer that follows takes what it proposes.
     void add(const QString &name, const std::function<void(ObjectDialog &)> &answer) {
         QTreeWidget *list = window().indicators().view();
         const QList<QTreeWidgetItem *> found = list->findItems(name, Qt::MatchExactly | Qt::MatchRecursive);

@@ -97,7 +97,8 @@ protected:
     int send(unsigned message, const void *wParam, const void *lParam = nullptr) {
         return Host::send(fromWord<void>(target), message, toWord(wParam), toWord(lParam));
     }
-    template <class T> T *editor(int index) {
+    template <class T>
+    T *editor(int index) {
         T *found = qobject_cast<T *>(dock.view().editor(0, index));
         EXPECT_TRUE(found) << index;
         return found;
