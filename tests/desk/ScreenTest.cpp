@@ -17,7 +17,8 @@ protected:
         m_server.start("Xvfb", {"-displayfd", "1", "-screen", "0", "1400x900x24", "-nolisten", "tcp"});
         ASSERT_TRUE(m_server.waitForReadyRead(20000)) << "the server does not start";
         m_environment = QProcessEnvironment::systemEnvironment();
-        m_environment.insert("DISPLAY", ":" + QString::fromLatin1(m_server.readAllStandardOutput()).trimmed());
+        m_environment.insert("DISPLAY",
+                             ":" + QString::fromLatin1(m_server.readAllStandardOutput()).trimmed());
         m_environment.remove("QT_QPA_PLATFORM");
         m_environment.remove("WAYLAND_DISPLAY");
     }
@@ -33,7 +34,10 @@ protected:
         }
     }
     void startDesk(QStringList arguments) {
-        arguments << "--store" << m_folder.path() + "/store" << "--trace" << tracePath() << "--size" << "1280x800";
+        arguments << "--store" << m_folder.path() + "/store"
+                  << "--trace" << tracePath() << "--size"
+                  << "1280x800";
+        m_desk.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         m_desk.setProcessEnvironment(m_environment);
         m_desk.start(QStringLiteral(VELMAR_DESK), arguments);
         ASSERT_TRUE(m_desk.waitForStarted(10000));
@@ -69,7 +73,8 @@ protected:
         tool.setProcessEnvironment(m_environment);
         tool.start("xdotool", {"search", "--onlyvisible", "--name", "Velmar"});
         ASSERT_TRUE(tool.waitForFinished(10000));
-        const QStringList ids = QString::fromLatin1(tool.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
+        const QStringList ids =
+            QString::fromLatin1(tool.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
         ASSERT_FALSE(ids.isEmpty());
         act({"windowfocus", ids.last()});
     }
