@@ -154,6 +154,17 @@ int CRGraphArea::GetPrimitiveCount() const {
     return count;
 }
 
+/// Some series of the pane has something to show.
+bool CRGraphArea::HasPoints() const {
+    for (const CRGraphLayer *layer : m_layers) {
+        for (const CRPrimitive *primitive : layer->m_primitives) {
+            if (primitive->GetDataPointCount() > 0)
+                return true;
+        }
+    }
+    return false;
+}
+
 namespace {
 
 int periodRank(char letter) {

@@ -53,6 +53,7 @@ public:
 
     int GetIndex() const;
     int GetPrimitiveCount() const;
+    bool HasPoints() const;
     CRPrimitive *GetBasePrimitive() const;
     int GetLastSignedTimePos(const unsigned short *name) const;
     void ApplyPropertyPage(const CPropertyHead *page);

@@ -42,7 +42,7 @@ void CRGraphArea::Draw(QPainter &painter, bool lastOnly) {
     painter.setPen(QColor(m_properties.gridColor));
     painter.setFont(m_pWidget->m_titleFont);
     UpdateData();
-    if (GetPrimitiveCount() == 0)
+    if (!HasPoints())
         DrawPrompt(painter, pane);
     m_rect.adjust(m_pWidget->m_nLeftScaleWidth, 0, -m_pWidget->m_nRightScaleWidth, 0);
     if (m_pWidget->Module()->IsGameMode())
