@@ -1,4 +1,6 @@
 // The module and its windows, seen from inside.
+#include "chart/Primitive.h"
+#include "objects/Indicator.h"
 #include "tests/unit/module/LinkedHost.h"
 
 #include <QEvent>
@@ -257,7 +259,7 @@ TEST(PriceType, CountsHiddenSeries) {
     Chart chart = host.createChart();
     host.addInstrument(chart, "EURUSD", 'I', 60, "Bid");
     ASSERT_EQ(host.window(chart).m_indicators.size(), 1u);
-    (*host.window(chart).m_indicators.front())[0]->m_bVisible = false;
+    host.window(chart).m_indicators.front()->m_primitives.front()->m_bVisible = 0;
     EXPECT_FALSE(module.NeedToSwitchToBid());
     EXPECT_TRUE(module.NeedToSwitchToMid());
 }
