@@ -66,12 +66,15 @@ public:
         : m_input(input), m_row(row), m_lower(lower), m_out(out), m_boundaryX(input.left),
           m_boundaryTime(input.times[0]), m_number(NumberOf(input.times[0])) {}
 
+    // Boundaries that share a column have one tick there.
     void Visit(int relative) {
         const long number = NumberOf(m_input.times[relative]);
         if (number == m_number || !isBoundary(m_row, number))
             return;
         const int x = m_input.columnOf(relative);
-        m_out->ticks.push_back({x, m_lower, m_row.solid});
+        if (!m_hasTick || x != m_boundaryX)
+            m_out->ticks.push_back({x, m_lower, m_row.solid});
+        m_hasTick = true;
         PutLabel(x);
         m_boundaryX = x;
         m_boundaryTime = m_input.times[relative];
@@ -96,16 +99,20 @@ private:
 
     void PutLabel(int nextX) {
         const int gap = nextX - m_boundaryX;
-        QString text = m_input.textOf(m_boundaryTime, m_row.format);
-        if (gap - m_row.margin <= m_input.widthOf(text)) {
-            if (!m_row.shortForm)
-                return;
-            text = m_input.textOf(m_boundaryTime, m_row.shortForm);
-            if (gap - 3 <= m_input.widthOf(text))
-                return;
-        }
+        if (!PutText(m_row.format, gap - m_row.margin))
+            PutText(m_row.shortForm, gap - 3);
+    }
+
+    // False: it does not fit. Where no text can fit none is asked for: the host writes them.
+    bool PutText(const char *format, int room) {
+        if (!format || room <= 0)
+            return false;
+        const QString text = m_input.textOf(m_boundaryTime, format);
+        if (room <= m_input.widthOf(text))
+            return false;
         if (!text.isEmpty())
             m_out->labels.push_back({m_boundaryX + 3, m_lower, text});
+        return true;
     }
 
     const StripInput &m_input;
@@ -118,6 +125,7 @@ private:
     int m_boundaryX;
     long m_boundaryTime;
     long m_number;
+    bool m_hasTick = false; // at m_boundaryX; the first unit begins without one
 };
 
 } // namespace

@@ -260,6 +260,30 @@ TEST(TimeStrip, WeekendsTakeNoRoom) {
     ASSERT_EQ(strip.ticks(true), 1);
 }
 
+// Every position of an axis whose times go back and forth is a boundary.
+TEST(TimeStrip, WorkFollowsThePixelsAndNotTheBoundaries) {
+    const int count = 200000;
+    std::vector<long> times;
+    for (int i = 0; i < count; ++i)
+        times.push_back(i % 2 ? -2000000000L - i * minute : 2000000000L - i * minute);
+    int texts = 0;
+    StripInput input;
+    input.times = times.data();
+    input.count = count;
+    input.left = 100;
+    input.right = 1099;
+    input.columnOf = [](int relative) { return 100 + static_cast<int>(1000LL * relative / 200000); };
+    input.textOf = [&texts](long, const char *) {
+        ++texts;
+        return QString("x");
+    };
+    input.widthOf = [](const QString &text) { return text.size() * 5; };
+    const StripLayout layout = layOutStrip(input);
+    EXPECT_LE(layout.ticks.size(), 2u * 1000);
+    EXPECT_GT(layout.ticks.size(), 900u);
+    EXPECT_LE(texts, 1000);
+}
+
 TEST(TimeStrip, NothingForNoTimes) {
     EXPECT_TRUE(Strip({}).layout.labels.empty());
     EXPECT_TRUE(Strip({}).layout.ticks.empty());
