@@ -11,12 +11,29 @@ namespace {
 
 enum ColorMode { firstLine = 0, secondLine = 1, higherLine = 2 };
 
-constexpr int rowsOutside = 2000; // beyond the plot, where nobody sees a slope
+constexpr int rowsOutside = 8000; // beyond the plot; rows further out only cost time
 
 double valueOf(const CRPrimitive &primitive, int dataIndex) {
     const PrimitiveTypeRow *row = primitiveTypeRow(primitive.m_type);
     return row && row->value == ValueSource::Close ? primitive.GetClose(dataIndex)
                                                    : primitive.FirstValue(dataIndex);
+}
+
+// The part of an area on one side of a row. Edges that leave it are cut there and keep their slope.
+QPolygon cutAt(const QPolygon &area, int row, bool keepBelow) {
+    const auto isKept = [row, keepBelow](const QPoint &p) { return keepBelow ? p.y() >= row : p.y() <= row; };
+    QPolygon part;
+    for (int i = 0; i < area.size(); ++i) {
+        const QPoint &from = area[i];
+        const QPoint &to = area[(i + 1) % area.size()];
+        if (isKept(from))
+            part << from;
+        if (isKept(from) != isKept(to)) {
+            const double share = (static_cast<double>(row) - from.y()) / (static_cast<double>(to.y()) - from.y());
+            part << QPoint(from.x() + qRound(share * (to.x() - from.x())), row);
+        }
+    }
+    return part;
 }
 
 } // namespace
@@ -58,9 +75,7 @@ QColor PrimitiveLinkPainter::Color(const Values &values) const {
 }
 
 int PrimitiveLinkPainter::Row(double value) const {
-    const QRect &plot = m_pass.mapping.rect;
-    return std::clamp(m_pass.mapping.Y(static_cast<float>(value)), plot.top() - rowsOutside,
-                      plot.bottom() + rowsOutside);
+    return m_pass.mapping.Y(static_cast<float>(value));
 }
 
 void PrimitiveLinkPainter::Remember(int x, const Values &values) {
@@ -121,9 +136,16 @@ void PrimitiveLinkPainter::FlushArea() {
     if (m_areaFirst.isEmpty())
         return;
     std::reverse(m_areaSecond.begin(), m_areaSecond.end());
-    const QRegion area(m_areaFirst + m_areaSecond);
-    for (const QRect &rect : area)
-        m_pass.ink.Fill(rect, m_areaColor);
+    const QRect &plot = m_pass.mapping.rect;
+    QPolygon outline = m_areaFirst + m_areaSecond;
+    const QRect extent = outline.boundingRect();
+    if (extent.top() < plot.top() - rowsOutside)
+        outline = cutAt(outline, plot.top() - rowsOutside, true);
+    if (extent.bottom() > plot.bottom() + rowsOutside)
+        outline = cutAt(outline, plot.bottom() + rowsOutside, false);
+    for (const QRect &rect : QRegion(outline))
+        if (rect.intersects(plot))
+            m_pass.ink.Fill(rect, m_areaColor);
     m_areaFirst.clear();
     m_areaSecond.clear();
 }

@@ -97,6 +97,32 @@ INSTANTIATE_TEST_SUITE_P(Painters, Links,
                                          LinkCase{200, 1, 2}, LinkCase{600, 1, 2}, LinkCase{60, 1, 7},
                                          LinkCase{60, 0, 0}, LinkCase{60, 0, 2}, LinkCase{600, 0, 1}));
 
+// On a frozen scale the far end of an area may be thousands of rows outside.
+TEST(PaintersLinks, AreasToFarValuesKeepTheirEdges) {
+    Series first(PT_LINE, {}, 0xFF4080C0), second(PT_LINE, {}, 0xFFC08040);
+    std::vector<Value> a, b;
+    for (int i = 0; i < 30; ++i) {
+        a.push_back({i, 1.3f + (i % 3 == 1 ? 3.0f : i % 3 == 2 ? -1.8f : 0.0f)}); // 15000, 9000 rows
+        b.push_back({i, 1.29f});
+    }
+    first.values(a);
+    second.values(b);
+    first.place();
+    second.place();
+    for (int points : {4, 10}) {
+        View view;
+        view.points = points;
+        const CPrimitiveLink link(nullptr, &first.primitive, &second.primitive, 1, 0);
+        const QImage actual = paintedLink(view, link), plain = plainLink(view, link);
+        int different = 0;
+        for (int y = 0; y < plain.height(); ++y)
+            for (int x = 0; x < plain.width(); ++x)
+                different += actual.pixel(x, y) != plain.pixel(x, y);
+        EXPECT_LE(different, inkCount(plain) / 500);
+        EXPECT_GT(inkCount(plain), 1000);
+    }
+}
+
 TEST(PaintersLinks, WithoutOneOfTheSeriesNothingIsJoined) {
     const auto series = makeSeries(PT_LINE, {}, 70);
     EXPECT_EQ(inkCount(paintedLink(LinkView(), CPrimitiveLink(nullptr, &series->primitive, nullptr, 1, 0))),
