@@ -64,7 +64,7 @@ void CRGraphLayer::AddToolTip(const CRPrimitive *primitive, int dataIndex) {
 
 QString CRGraphLayer::GetToolTipInfo(const QPoint &point) {
     m_toolTip.clear();
-    const bool onStrip = !m_bDataScaleSelfTuning && point.y() > m_rect.top() + topOfStrip &&
+    const bool onStrip = !m_bDataScaleSelfTuning && point.y() >= m_rect.top() + topOfStrip &&
                          ((ShowsScale(RIGHT_SCALE) && ScaleStrip(RIGHT_SCALE).contains(point)) ||
                           (ShowsScale(LEFT_SCALE) && ScaleStrip(LEFT_SCALE).contains(point)));
     if (m_rightAutoRect.contains(point) || m_leftAutoRect.contains(point) || onStrip) {

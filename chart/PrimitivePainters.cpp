@@ -22,6 +22,11 @@ std::unique_ptr<PrimitivePainter> make(PaintPass &pass, CRPrimitive &primitive) 
     return std::make_unique<Painter>(pass, primitive);
 }
 
+// A pen of no style leaves what is filled.
+bool isOnlyStroked(PRIMITIVE_TYPES type) {
+    return type != PT_CANDLE && type != PT_WIDE_CANDLE && type != PT_DOTS && type != PT_CLOSE_DOTS;
+}
+
 using Maker = std::unique_ptr<PrimitivePainter> (*)(PaintPass &, CRPrimitive &);
 
 // By draw type.
@@ -52,8 +57,9 @@ QPen highlightPen(const CRPrimitive &primitive, int wider) {
 std::unique_ptr<PrimitivePainter> PrimitivePainter::Create(PaintPass &pass, CRPrimitive &primitive) {
     if (primitive.m_type < 0 || primitive.m_type >= makerCount)
         return nullptr;
-    if (primitive.m_nPenWidth == 0 || primitive.m_nPenStyle == Qt::NoPen ||
-        primitive.GetDataPointCount() <= 0)
+    if (primitive.m_nPenWidth == 0 || primitive.GetDataPointCount() <= 0)
+        return nullptr;
+    if (primitive.m_nPenStyle == Qt::NoPen && !primitive.IsSelected() && isOnlyStroked(primitive.m_type))
         return nullptr;
     return makers[primitive.m_type](pass, primitive);
 }

@@ -36,7 +36,7 @@ struct PaintPass {
 // Paints one series, column by column. A class for each draw type.
 class PrimitivePainter {
 public:
-    // Null for a series that paints nothing: hidden, without data, or a pattern.
+    // Null for a series that paints nothing: without a pen or data, or a pattern.
     static std::unique_ptr<PrimitivePainter> Create(PaintPass &pass, CRPrimitive &primitive);
     virtual ~PrimitivePainter();
 

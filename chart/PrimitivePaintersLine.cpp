@@ -58,7 +58,7 @@ void LinePainter::Paint(int relativePos, int x, int dataIndex) {
             m_pass.ink.Line(m_line, QLine(p.m_nColumnX, p.m_nColumnTop, p.m_nColumnX, p.m_nColumnBottom));
             m_pass.ink.Line(m_line, QLine(x, y, p.m_nColumnX, p.m_nColumnTop));
             m_pass.ink.Line(m_line, QLine(x, y, p.m_nColumnX, p.m_nColumnBottom));
-        } else {
+        } else if (p.m_nPenStyle != Qt::NoPen) { // a selection does not show a line that has no style
             m_pass.ink.Line(m_line, QLine(x, y, m_previousX, m_previousY));
         }
     }

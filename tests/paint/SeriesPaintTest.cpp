@@ -135,10 +135,29 @@ TEST(SeriesPaint, SeriesWithoutPenIsHidden) {
     test.instrument->array().header()->typeShow.weightPen = 0;
     test.host.update(test.instrument, 2);
     EXPECT_EQ(colorCount(test.grab(), below, testFall) + colorCount(test.grab(), below, testRise), 0);
-    test.instrument->array().header()->typeShow.weightPen = 1;
+}
+
+TEST(SeriesPaint, APenOfNoStyleLeavesTheBodiesOfFallingCandles) {
+    std::vector<Bar> bars;
+    for (int i = 0; i < 10; ++i) {
+        const float open = i % 2 ? 1.29f : 1.31f;
+        bars.push_back({1388534400 + i * 3600, open, 1.32f, 1.28f, 2.6f - open, 1});
+    }
+    SeriesChart test(bars);
+    test.showFrom(0, 10);
+    test.grab();
     test.instrument->array().header()->typeShow.penType = eCoreTypeShowPenNone;
     test.host.update(test.instrument, 2);
-    EXPECT_EQ(colorCount(test.grab(), below, testFall) + colorCount(test.grab(), below, testRise), 0);
+    const QImage picture = test.grab();
+    const LayerView view = test.view();
+    EXPECT_EQ(colorCount(picture, view.layer->m_rect.adjusted(0, 25, 0, 0), testRise), 0);
+    EXPECT_TRUE(isColor(picture, view.x(4), view.y(1.30), testFall));
+    EXPECT_FALSE(isColor(picture, view.x(4), view.y(1.285), testFall)); // no wick
+    const int width = static_cast<int>(0.9 * view.step() - 1);
+    const int left = view.x(4) - static_cast<int>(0.9 * view.step() * 0.5);
+    EXPECT_TRUE(isColor(picture, left + width - 1, view.y(1.30), testFall));
+    EXPECT_FALSE(isColor(picture, left + width, view.y(1.30), testFall)); // no outline
+    EXPECT_FALSE(isColor(picture, view.x(4), view.y(1.29), testFall));
 }
 
 TEST(SeriesPaint, PatternsArePaintedByNothing) {

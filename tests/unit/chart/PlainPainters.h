@@ -127,7 +127,7 @@ public:
             stroke(m_line, x, y, m_pendingX, m_top);
             stroke(m_line, x, y, m_pendingX, m_bottom);
             m_pending = false;
-        } else {
+        } else if (m_p.m_nPenStyle != 0) {
             stroke(m_line, x, y, x2, y2);
         }
     }

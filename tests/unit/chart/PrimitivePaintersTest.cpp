@@ -151,15 +151,60 @@ TEST(Painters, HiddenAndEmptySeriesPaintNothing) {
         series->primitive.m_nPenWidth = 0;
         EXPECT_EQ(inkCount(painted(View(), {series.get()})), 0) << type;
         series->primitive.m_nPenWidth = 1;
-        series->primitive.m_nPenStyle = 0;
-        EXPECT_EQ(inkCount(painted(View(), {series.get()})), 0) << type;
-        series->primitive.m_nPenStyle = 1;
         series->primitive.ClearPos();
         EXPECT_EQ(inkCount(painted(View(), {series.get()})), 0) << type;
         series->place();
         series->array.header()->count = 0; // the host took its points away since the axis was built
         EXPECT_EQ(inkCount(painted(View(), {series.get()})), 0) << type;
         series->array.header()->count = 70;
+    }
+}
+
+// A pen of style 0 strokes nothing. What is filled stays, and so does what a selection strokes with a pen
+// of its own.
+struct NoPenCase {
+    PRIMITIVE_TYPES type;
+    bool fills, strokesSelected;
+};
+
+class NoPen : public testing::TestWithParam<NoPenCase> {};
+
+TEST_P(NoPen, StrokesNothing) {
+    for (int points : {20, 60}) {
+        View view;
+        view.points = points;
+        for (bool selected : {false, true}) {
+            const auto series = makeSeries(GetParam().type, {1, Qt::NoPen, selected}, points + 10);
+            const QImage actual = painted(view, {series.get()});
+            EXPECT_EQ(inkCount(actual) > 0,
+                      selected ? GetParam().strokesSelected || GetParam().fills : GetParam().fills)
+                << points << ' ' << selected;
+            if (GetParam().type != PT_WIDE_CANDLE) {
+                EXPECT_TRUE(samePixels(actual, reference(view, {series.get()})));
+            }
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Painters, NoPen,
+                         testing::Values(NoPenCase{PT_LINE, false, false},
+                                         NoPenCase{PT_CLOSE_LINE, false, false},
+                                         NoPenCase{PT_TICK_LINE, false, false},
+                                         NoPenCase{PT_HISTOGRAM, false, true},
+                                         NoPenCase{PT_CANDLE, true, true}, NoPenCase{PT_BAR, false, true},
+                                         NoPenCase{PT_WIDE_CANDLE, true, true},
+                                         NoPenCase{PT_MARKS, false, true}, NoPenCase{PT_DOTS, true, true},
+                                         NoPenCase{PT_CLOSE_DOTS, true, true},
+                                         NoPenCase{PT_PATTERN, false, false}));
+
+TEST(Painters, MergedColumnsOfASelectedLineWithoutAPenAreStroked) {
+    View view;
+    view.points = 3000;
+    for (bool selected : {false, true}) {
+        const auto series = makeSeries(PT_LINE, {1, Qt::NoPen, selected}, 3000);
+        const QImage actual = painted(view, {series.get()});
+        EXPECT_EQ(inkCount(actual) > 0, selected);
+        EXPECT_TRUE(samePixels(actual, reference(view, {series.get()})));
     }
 }
 
