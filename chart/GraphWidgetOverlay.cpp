@@ -38,6 +38,7 @@ bool CRGraphWidget::IsFrameKept() const {
 // the next move of the mouse costs a few lines.
 void CRGraphWidget::PaintWindow(QPainter &painter) {
     if (const CRGraphLayer *layer = ScaleDragLayer()) {
+        Draw(painter, true); // which lets the last picture stand
         painter.eraseRect(rect());
         painter.drawImage(0, 0, m_frameCache.Picture());
         layer->DrawScaleDrag(painter);

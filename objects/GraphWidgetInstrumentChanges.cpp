@@ -109,7 +109,7 @@ void CRGraphWidget::ResetPeriods() {
 
 // The host's timeframe panel: kind 0 asks for the data again, kind 1 sets the period of a row.
 void CRGraphWidget::OnPaneleStatusChanged(int kind, int item) {
-    if (IsMovingOrCreatingLS())
+    if (IsMouseModeActive())
         return;
     QPointer<CRGraphWidget> guard(this);
     PrimitiveList list;
