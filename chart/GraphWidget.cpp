@@ -197,6 +197,12 @@ void CRGraphWidget::Terminate() {
     deleteLater();
 }
 
+void CRGraphWidget::GoLater() {
+    m_bGoing = true;
+    hide();
+    deleteLater();
+}
+
 void CRGraphWidget::ChangeDesktop() {
     HostCalls::desktopChanged(m_hComponent);
 }

@@ -110,6 +110,10 @@ public:
     void GetSelectedPrimitives(std::vector<CRPrimitive *> *out) const;
     bool FindWidgetPrimitive(const CRPrimitive *primitive) const;
 
+    // ---- going while a frame is under way ----
+    bool IsPainting() const { return m_nPainting > 0; }
+    void GoLater(); // out of sight at once, deleted when its caller has returned
+
     // ---- update and paint (chart/GraphWidgetFrame.cpp, chart/GraphWidgetPositions.cpp) ----
     void UpdatePrimitivePositions(const ScreenDataPointsUpdate &, bool force);
     void UpdatePrimitivePositions(const ScreenDataPointsNotUpdate &, bool force);
@@ -300,6 +304,8 @@ public:
     int m_bFirstScrollSetup = 1;          // the next SetScrollbarValues is the first one
     int m_nUpdateCount = 0;               // runs of UpdatePrimitivePositions
     int m_nFrameCount = 0;                // frames that DrawAll has finished
+    int m_nPainting = 0;                  // paintings under way
+    bool m_bGoing = false;                // the host has deleted the window while it painted
     std::set<CTradeOrder *> m_selectedOrders;
     bool m_bCurrent = false;              // this window has the host's focus
     bool m_bNeedUpdate = true;            // the timer must call update()

@@ -3,6 +3,7 @@
 
 #include "chart/GraphArea.h"
 #include "chart/GraphLayer.h"
+#include "chart/PaintGuard.h"
 #include "chart/PaneLayout.h"
 #include "chart/TimeScale.h"
 #include "chart/TimeScrollBar.h"
@@ -47,6 +48,7 @@ void CRGraphWidget::DrawAll(QPainter &painter, bool forced) {
     if (ScaleDragLayer())
         return; // the last picture stays until the drag ends
     trace("DrawAll continue", LOG_TAG("GraphWidget"));
+    const PaintGuard painting(m_nPainting);
 
     SetAreasRects(m_chartRect);
     const int scrollBarHeight = m_pScrollBar ? m_pScrollBar->height() : 0;
@@ -88,7 +90,7 @@ void CRGraphWidget::DrawLast(QPainter &painter) {
 
 // A pane's titles talk to the host, so the list is read anew at each step.
 void CRGraphWidget::DrawPanes(QPainter &painter, bool lastOnly) {
-    for (int i = 0; i < GetAreaCount(); ++i)
+    for (int i = 0; !m_bGoing && i < GetAreaCount(); ++i)
         m_areas[static_cast<std::size_t>(i)]->Draw(painter, lastOnly);
 }
 
@@ -114,8 +116,9 @@ void CRGraphWidget::DrawZoomChange(QPainter &painter) {
 }
 
 void CRGraphWidget::paintEvent(QPaintEvent *) {
-    if (m_loading || m_bHidden)
+    if (m_loading || m_bHidden || m_bGoing)
         return;
+    const PaintGuard painting(m_nPainting);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Qt4CompatiblePainting);
     PaintWindow(painter);

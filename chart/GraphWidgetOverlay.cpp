@@ -2,6 +2,7 @@
 
 #include "chart/GraphArea.h"
 #include "chart/GraphLayer.h"
+#include "chart/PaintGuard.h"
 #include "chart/ScaleDrag.h"
 #include "module/GraphModule.h"
 
@@ -57,6 +58,7 @@ void CRGraphWidget::PaintWindow(QPainter &painter) {
 void CRGraphWidget::HoldFrame() {
     if (ScaleDragLayer())
         return;
+    const PaintGuard painting(m_nPainting);
     QPainter painter(&m_frameCache.Begin(size(), devicePixelRatioF()));
     painter.setRenderHint(QPainter::Qt4CompatiblePainting);
     painter.setBackground(palette().brush(backgroundRole()));

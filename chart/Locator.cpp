@@ -44,7 +44,7 @@ void CRGraphWidget::FormLocatorMessage() {
 }
 
 void CRGraphWidget::ShowLocator() {
-    if (!m_pLocator || !m_pLocator->m_pfnShowLocator || !m_chartRect.contains(CursorPos()))
+    if (m_bGoing || !m_pLocator || !m_pLocator->m_pfnShowLocator || !m_chartRect.contains(CursorPos()))
         return;
     FormLocatorMessage();
     std::vector<mwiLocatorMessageItem> shown = m_locatorItems; // the host may let the window form new ones

@@ -51,6 +51,17 @@ void CRGraphModule::DeleteFromWidgetList(void *widget) {
         m_widgets.erase(found);
 }
 
+// In the middle of a frame a window can only be hidden; it goes when the painting has ended.
+void CRGraphModule::DiscardWidget(CRGraphWidget *widget) {
+    if (!widget->IsPainting()) {
+        delete widget;
+        return;
+    }
+    m_going.erase(std::remove(m_going.begin(), m_going.end(), nullptr), m_going.end());
+    m_going.emplace_back(widget);
+    widget->GoLater();
+}
+
 void CRGraphModule::DeselectAllPrimitives() {
     for (std::size_t i = 0; i < m_widgets.size(); ++i) {
         CRGraphWidget *widget = m_widgets[i];

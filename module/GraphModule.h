@@ -6,6 +6,7 @@
 #include "trade/TradeModule.h"
 
 #include <QObject>
+#include <QPointer>
 #include <map>
 #include <memory>
 #include <vector>
@@ -53,6 +54,7 @@ public:
     int GetGraphWidgetIndex(const CRGraphWidget *widget) const; // -1 for an unknown one
     CRGraphWidget *GetCurrentWidget() const;
     void DeleteFromWidgetList(void *widget);
+    void DiscardWidget(CRGraphWidget *widget); // deletes what is out of the list, at once or when it can go
     void DeselectAllPrimitives();
     const std::vector<CRGraphWidget *> &Widgets() const { return m_widgets; }
     void OnTimerEvent();
@@ -146,6 +148,7 @@ public:
     void *m_lsInterface = nullptr;
     Word m_templateEventId = 0;
     std::vector<CRGraphWidget *> m_widgets; // in order of creation; owned
+    std::vector<QPointer<CRGraphWidget>> m_going; // out of the list, and about to be deleted
     bool m_hasTradeData = false;
     bool m_drawSymbolImages = false; // the pane shows a picture named after its symbol
     bool m_timerStarted = false;

@@ -72,7 +72,7 @@ int CRGraphModule::MvWindowComponentDelete(int wParam, int) {
     if (GetGraphWidgetIndex(widget) < 0)
         return 0;
     DeleteFromWidgetList(widget);
-    delete widget;
+    DiscardWidget(widget);
     return 0;
 }
 

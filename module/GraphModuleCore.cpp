@@ -54,7 +54,12 @@ int CRGraphModule::CoreStopModule(int, int) {
     for (std::size_t i = 0; i < m_widgets.size(); ++i) {
         CRGraphWidget *widget = m_widgets[i];
         m_widgets.erase(m_widgets.begin() + static_cast<std::ptrdiff_t>(i));
-        delete widget;
+        DiscardWidget(widget);
+    }
+    // The library may be unloaded before the event loop gets to those that are on their way.
+    for (const QPointer<CRGraphWidget> &widget : std::vector<QPointer<CRGraphWidget>>(m_going)) {
+        if (widget && !widget->IsPainting())
+            delete widget.data();
     }
     return 0;
 }
