@@ -32,7 +32,7 @@ const CRGraphLayer *findLayerByPoint(const std::vector<CRGraphArea *> &areas, co
 
 // The position that the last event of the mouse told; before any, where the cursor is.
 QPoint CRGraphWidget::CursorPos() const {
-    return m_bMouseOver ? m_mousePos : mapFromGlobal(QCursor::pos());
+    return m_bMouseKnown ? m_mousePos : mapFromGlobal(QCursor::pos());
 }
 
 // Keys can move the chart under a resting mouse: the read-out follows.

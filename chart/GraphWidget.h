@@ -377,8 +377,8 @@ public:
     bool m_dblClickArmed = false;
     QPoint m_lastClick;
     bool m_pressHadSelection = false;
-    QPoint m_mousePos;                    // of the last event of the mouse over this window
-    bool m_bMouseOver = false;
+    QPoint m_mousePos;                    // what the last event of the mouse told; outside after a leave
+    bool m_bMouseKnown = false;           // else the cursor itself is asked
 
     // adding
     bool m_chooseLayerOnAdd = false;

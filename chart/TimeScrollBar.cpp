@@ -95,7 +95,7 @@ void CTimeScrollBar::OnBnRightClicked() {
 }
 
 void CTimeScrollBar::enterEvent(QEvent *event) {
-    m_pWidget->m_bMouseOver = false;
+    m_pWidget->m_bMouseKnown = false;
     delete m_pSavedCursor;
     m_pSavedCursor = new QCursor(m_pWidget->cursor());
     m_pWidget->setCursor(Qt::ArrowCursor);

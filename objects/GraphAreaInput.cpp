@@ -9,7 +9,7 @@
 #include "chart/TimeText.h"
 #include "module/GraphModule.h"
 #include "objects/Indicator.h"
-#include "support/Log.h"
+#include "support/HandlerTrace.h"
 #include "support/LogTag.h"
 #include "support/Numbers.h"
 
@@ -74,6 +74,7 @@ CRGraphLayer *firstLayerWithPrimitives(const std::vector<CRGraphLayer *> &layers
 // ---- press ----
 
 void CRGraphArea::mousePressEvent(QMouseEvent *event) {
+    const HandlerTrace handler("CRGraphArea::mousePressEvent", LOG_TAG("GraphArea"));
     const QPointer<CRGraphArea> self(this);
     if (m_rect.contains(event->pos())) {
         m_pWidget->m_nSelectedArea = GetIndex();
@@ -125,6 +126,7 @@ void CRGraphArea::UnselectDuplicates() {
 // ---- move ----
 
 void CRGraphArea::mouseMoveEvent(QMouseEvent *event) {
+    const HandlerTrace handler("CRGraphArea::mouseMoveEvent", LOG_TAG("GraphArea"));
     const QPointer<CRGraphArea> self(this);
     if (m_resizing) {
         const float height = static_cast<float>(m_rect.height());
@@ -214,6 +216,7 @@ void CRGraphArea::ReadCross(CRGraphLayer *layer, const QPoint &point) {
 // ---- release, double click, keys ----
 
 void CRGraphArea::OnLMouseRelease(QMouseEvent *event) {
+    const HandlerTrace handler("CRGraphArea::OnLMouseRelease", LOG_TAG("GraphArea"));
     const QPointer<CRGraphArea> self(this);
     m_resizing = false;
     for (std::size_t i = 0; self && i < m_layers.size(); ++i)
@@ -221,12 +224,14 @@ void CRGraphArea::OnLMouseRelease(QMouseEvent *event) {
 }
 
 void CRGraphArea::mouseDoubleClickEvent(QMouseEvent *event) {
+    const HandlerTrace handler("CRGraphArea::mouseDoubleClickEvent", LOG_TAG("GraphArea"));
     const QPointer<CRGraphArea> self(this);
     for (std::size_t i = 0; self && i < m_layers.size(); ++i)
         m_layers[i]->mouseDoubleClickEvent(event);
 }
 
 void CRGraphArea::keyPressEvent(QKeyEvent *event) {
+    const HandlerTrace handler("CRGraphArea::keyPressEvent", LOG_TAG("GraphArea"));
     const QPointer<CRGraphArea> self(this);
     for (std::size_t i = 0; self && i < m_layers.size(); ++i)
         m_layers[i]->keyPressEvent(event);

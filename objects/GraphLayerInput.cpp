@@ -10,6 +10,8 @@
 #include "module/HostCalls.h"
 #include "module/HostMessages.h"
 #include "objects/Indicator.h"
+#include "support/HandlerTrace.h"
+#include "support/LogTag.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -49,6 +51,7 @@ void CRGraphLayer::FreeScaleEnds() {
 }
 
 void CRGraphLayer::mousePressEvent(QMouseEvent *event) {
+    const HandlerTrace handler("CRGraphLayer::mousePressEvent", LOG_TAG("GraphLayer"));
     CRGraphWidget *widget = GetWidget();
     if (widget->IsMovingOrCreatingLS())
         return;
@@ -77,6 +80,7 @@ void CRGraphLayer::mousePressEvent(QMouseEvent *event) {
 }
 
 void CRGraphLayer::mouseMoveEvent(QMouseEvent *event) {
+    const HandlerTrace handler("CRGraphLayer::mouseMoveEvent", LOG_TAG("GraphLayer"));
     CRGraphWidget *widget = GetWidget();
     if (CSelectPrimitiveWidget *picker = widget->SourcePicker()) {
         for (CRPrimitive *primitive : m_primitives) {
@@ -110,6 +114,7 @@ void CRGraphLayer::DrawScaleDrag(QPainter &painter) const {
 }
 
 void CRGraphLayer::OnLMouseRelease(QMouseEvent *event) {
+    const HandlerTrace handler("CRGraphLayer::OnLMouseRelease", LOG_TAG("GraphLayer"));
     const int mode = m_scaleDrag;
     m_scaleDrag = noScaleDrag;
     if (mode == noScaleDrag || ScaleOwner(isRightScale(mode) ? RIGHT_SCALE : LEFT_SCALE) != this)
@@ -131,6 +136,7 @@ void CRGraphLayer::OnLMouseRelease(QMouseEvent *event) {
 }
 
 void CRGraphLayer::mouseDoubleClickEvent(QMouseEvent *event) {
+    const HandlerTrace handler("CRGraphLayer::mouseDoubleClickEvent", LOG_TAG("GraphLayer"));
     CRGraphWidget *widget = GetWidget();
     m_scaleDrag = noScaleDrag;
     if (widget->IsMovingOrCreatingLS())
@@ -161,6 +167,7 @@ void CRGraphLayer::mouseDoubleClickEvent(QMouseEvent *event) {
 
 // Delete: the selected series of this layer leave the chart.
 void CRGraphLayer::keyPressEvent(QKeyEvent *event) {
+    const HandlerTrace handler("CRGraphLayer::keyPressEvent", LOG_TAG("GraphLayer"));
     CRGraphWidget *widget = GetWidget();
     if (event->key() != Qt::Key_Delete || widget->m_creatingLS)
         return;

@@ -10,12 +10,14 @@
 #include "module/HostCalls.h"
 #include "objects/Indicator.h"
 #include "objects/Warning.h"
-#include "support/Log.h"
+#include "support/HandlerTrace.h"
 #include "support/LogTag.h"
 
 #include <QCursor>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QSignalBlocker>
+#include <QSlider>
 #include <algorithm>
 #include <cstdlib>
 
@@ -25,12 +27,13 @@ constexpr int dragDistance = 6;     // of the cursor's manhattan length
 constexpr int leastRangeSpread = 8; // a rubber band must be wider
 constexpr int stripHeight = 40;     // time strip and scroll bar, as the mouse sees them
 constexpr int titleHeight = 14;
+constexpr QPoint mouseAway(-1, -1); // over no pixel of the window
 
 } // namespace
 
 void CRGraphWidget::NoteMouse(const QPoint &point) {
     m_mousePos = point;
-    m_bMouseOver = true;
+    m_bMouseKnown = true;
 }
 
 bool CRGraphWidget::IsArmed(mwiStateLsButton *state) const {
@@ -60,7 +63,7 @@ int CRGraphWidget::IndexUnderCursor(int x) const {
 // ---- press ----
 
 void CRGraphWidget::mousePressEvent(QMouseEvent *event) {
-    trace("CRGraphWidget::mousePressEvent: start", LOG_TAG("GraphWidget"));
+    const HandlerTrace handler("CRGraphWidget::mousePressEvent", LOG_TAG("GraphWidget"));
     if (m_loading)
         return;
     NoteMouse(event->pos());
@@ -91,7 +94,6 @@ void CRGraphWidget::mousePressEvent(QMouseEvent *event) {
     default:
         break;
     }
-    trace("CRGraphWidget::mousePressEvent: finish", LOG_TAG("GraphWidget"));
 }
 
 void CRGraphWidget::PressLeft(QMouseEvent *event) {
@@ -146,7 +148,7 @@ void CRGraphWidget::mouseMoveEvent(QMouseEvent *event) {
     }
     if (m_loading)
         return;
-    trace("CRGraphWidget::mouseMoveEvent: start", LOG_TAG("GraphWidget"));
+    const HandlerTrace handler("CRGraphWidget::mouseMoveEvent", LOG_TAG("GraphWidget"));
     const QPointer<CRGraphWidget> self(this);
     CSimpleGUIWidget::mouseMoveEvent(event);
     if (!m_movingLS && m_dragCandidate &&
@@ -172,10 +174,8 @@ void CRGraphWidget::mouseMoveEvent(QMouseEvent *event) {
         trace("update", LOG_TAG("GraphWidget"));
         RepaintOverlay();
     }
-    if (!self)
-        return;
-    DrawMovingLS();
-    trace("CRGraphWidget::mouseMoveEvent: finish", LOG_TAG("GraphWidget"));
+    if (self)
+        DrawMovingLS();
 }
 
 // Beside the plots the status bar shows nothing.
@@ -193,12 +193,9 @@ void CRGraphWidget::ClearStatusText(const QPoint &point) {
 void CRGraphWidget::mouseReleaseEvent(QMouseEvent *event) {
     if (m_loading || m_creatingLS)
         return;
-    trace("CRGraphWidget::mouseReleaseEvent: start", LOG_TAG("GraphWidget"));
-    const QPointer<CRGraphWidget> self(this);
+    const HandlerTrace handler("CRGraphWidget::mouseReleaseEvent", LOG_TAG("GraphWidget"));
     if (event->button() == Qt::LeftButton)
         ReleaseLeft(event);
-    if (self)
-        trace("CRGraphWidget::mouseReleaseEvent: finish", LOG_TAG("GraphWidget"));
 }
 
 void CRGraphWidget::ReleaseLeft(QMouseEvent *event) {
@@ -246,9 +243,13 @@ void CRGraphWidget::FinishRange() {
     const int rightEdge = m_rangeEnd + 1;
     m_bAutoZoomOut = false;
     SetScreenPoints(points);
-    SetZoomSlider(points);
+    QSlider *slider = GetZoomSlider();
     if (!self)
         return;
+    if (slider && isVisible() && m_bCurrent) {
+        const QSignalBlocker quiet(slider);
+        slider->setValue(-points);
+    }
     m_pScrollBar->SetValue(rightEdge);
     if (!self)
         return;
@@ -275,7 +276,7 @@ bool CRGraphWidget::HasTesterPrimitive(const CRGraphArea *area) const {
 void CRGraphWidget::mouseDoubleClickEvent(QMouseEvent *event) {
     if (m_loading)
         return;
-    trace("CRGraphWidget::mouseDoubleClickEvent: start", LOG_TAG("GraphWidget"));
+    const HandlerTrace handler("CRGraphWidget::mouseDoubleClickEvent", LOG_TAG("GraphWidget"));
     NoteMouse(event->pos());
     if (m_creatingLS || m_movingLS)
         return;
@@ -291,14 +292,12 @@ void CRGraphWidget::mouseDoubleClickEvent(QMouseEvent *event) {
     const QRect plot = m_chartRect.adjusted(m_nLeftScaleWidth, 0, -m_nRightScaleWidth, 0);
     if (m_dblClickArmed && plot.contains(event->pos()))
         OnBnClickedProperties();
-    if (self)
-        trace("CRGraphWidget::mouseDoubleClickEvent: finish", LOG_TAG("GraphWidget"));
 }
 
 void CRGraphWidget::wheelEvent(QWheelEvent *event) {
     if (m_loading)
         return;
-    trace("CRGraphWidget::wheelEvent: start", LOG_TAG("GraphWidget"));
+    const HandlerTrace handler("CRGraphWidget::wheelEvent", LOG_TAG("GraphWidget"));
     // With Alt held the toolkit turns a vertical wheel into a horizontal one.
     const QPoint turned = event->angleDelta();
     int steps = (turned.y() ? turned.y() : turned.x()) / 120;
@@ -315,10 +314,13 @@ void CRGraphWidget::wheelEvent(QWheelEvent *event) {
         m_pScrollBar->setValue(m_pScrollBar->value() - steps);
 }
 
-void CRGraphWidget::enterEvent(QEvent *) {
+void CRGraphWidget::enterEvent(QEvent *event) {
+    m_bMouseKnown = false;
+    if (const auto *enter = dynamic_cast<QEnterEvent *>(event))
+        NoteMouse(enter->pos());
     if (m_loading)
         return;
-    trace("CRGraphWidget::enterEvent: start", LOG_TAG("GraphWidget"));
+    const HandlerTrace handler("CRGraphWidget::enterEvent", LOG_TAG("GraphWidget"));
     const QPointer<CRGraphWidget> self(this);
     const bool armed = IsArmed();
     if (!self)
@@ -333,10 +335,10 @@ void CRGraphWidget::enterEvent(QEvent *) {
 }
 
 void CRGraphWidget::leaveEvent(QEvent *) {
-    m_bMouseOver = false;
+    NoteMouse(mouseAway);
     if (m_loading)
         return;
-    trace("CRGraphWidget::leaveEvent: start", LOG_TAG("GraphWidget"));
+    const HandlerTrace handler("CRGraphWidget::leaveEvent", LOG_TAG("GraphWidget"));
     if (m_module->IsCrossCursorMode() && !m_rangeSelecting)
         update();
 }

@@ -9,7 +9,7 @@
 #include "module/HostCalls.h"
 #include "objects/Indicator.h"
 #include "objects/Warning.h"
-#include "support/Log.h"
+#include "support/HandlerTrace.h"
 #include "support/LogTag.h"
 
 #include <QKeyEvent>
@@ -18,7 +18,7 @@
 void CRGraphWidget::keyPressEvent(QKeyEvent *event) {
     if (m_loading || m_creatingLS || m_movingLS)
         return;
-    trace("CRGraphWidget::keyPressEvent: start", LOG_TAG("GraphWidget"));
+    const HandlerTrace handler("CRGraphWidget::keyPressEvent", LOG_TAG("GraphWidget"));
     const QPointer<CRGraphWidget> self(this);
     m_bForceDraw = true;
     // Cutting ends as a deletion.
@@ -44,10 +44,8 @@ void CRGraphWidget::keyPressEvent(QKeyEvent *event) {
         UpdatePrimitivePositions(ScreenDataPointsNotUpdate(), false);
     else
         UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);
-    if (!self)
-        return;
-    update();
-    trace("CRGraphWidget::keyPressEvent: finish", LOG_TAG("GraphWidget"));
+    if (self)
+        update();
 }
 
 // True when a Delete may go on to the panes.

@@ -7,6 +7,8 @@
 #include "module/HostCalls.h"
 #include "objects/Indicator.h"
 #include "objects/ToolBar.h"
+#include "support/HandlerTrace.h"
+#include "support/LogTag.h"
 
 #include <QCursor>
 #include <QHelpEvent>
@@ -17,6 +19,7 @@
 bool CRGraphWidget::event(QEvent *event) {
     if (event->type() != QEvent::ToolTip)
         return CSimpleGUIWidget::event(event);
+    const HandlerTrace handler("CRGraphWidget::event", LOG_TAG("GraphWidget"));
     const auto *help = static_cast<QHelpEvent *>(event);
     const QString text = GetToolTipInfo(mapFromGlobal(help->globalPos()));
     if (text.isEmpty()) {

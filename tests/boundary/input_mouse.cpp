@@ -86,6 +86,15 @@ TEST_F(Gestures, ABandOfTenPositionsShowsThem) {
     EXPECT_GT(bar->value(), first);
 }
 
+TEST_F(Gestures, ABandMovesTheSliderWithoutFeedback) {
+    Mouse mouse(chart);
+    host.milestones.clear();
+    mouse.drag(beside(100), beside(400));
+    EXPECT_EQ(host.slider->value(), -bar->pageStep());
+    EXPECT_EQ(host.milestones, QStringList("Scroll")); // and no zoom of the slider's
+    EXPECT_FALSE(host.slider->signalsBlocked());
+}
+
 TEST_F(Gestures, ANarrowBandDoesNotZoom) {
     Mouse mouse(chart);
     mouse.drag(beside(300), beside(360)); // about five positions

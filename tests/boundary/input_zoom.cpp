@@ -266,6 +266,27 @@ TEST_F(ZoomAndScroll, TheCrossOfAMoveIsThatOfAFullFrame) {
     EXPECT_EQ(host.grab(chart).convertToFormat(QImage::Format_RGB32), without);
 }
 
+TEST_F(ZoomAndScroll, TheCrossGoesWithTheMouse) {
+    addSeries();
+    Mouse mouse(chart);
+    const QImage without = host.grab(chart);
+    mouse.press(QPoint(200, 200), Qt::MiddleButton);
+    mouse.release(QPoint(200, 200), Qt::MiddleButton);
+    mouse.move(QPoint(300, 300));
+    EXPECT_NE(host.grab(chart), without);
+    host.locatorCalls = 0;
+    mouse.leave(); // whatever place the toolkit still tells
+    host.settle();
+    EXPECT_EQ(lowerPart(screenOf(chart)), lowerPart(without));
+    EXPECT_EQ(host.grab(chart), without);
+    EXPECT_EQ(host.locatorCalls, 0);
+    const QPointF place(310, 300);
+    QEnterEvent back(place, place, chart.widget->mapToGlobal(place.toPoint()));
+    QCoreApplication::sendEvent(chart.widget, &back);
+    EXPECT_NE(host.grab(chart), without);
+    mouse.press(QPoint(310, 300), Qt::MiddleButton);
+}
+
 TEST_F(ZoomAndScroll, NoMoveLeavesATrail) {
     addSeries();
     pressKey(chart, Qt::Key_N);
