@@ -1,5 +1,7 @@
 #include "tests/paint/LayerView.h"
 
+#include <QElapsedTimer>
+
 namespace {
 
 // ---- candles, bars, lines ----
@@ -304,6 +306,21 @@ TEST(OutputPaint, LinkWithoutFillIsAnUprightStrokeInEveryColumn) {
         EXPECT_TRUE(isColor(picture, view.x(p), view.y(1.75), 0xFFFF8000)) << p;
         EXPECT_FALSE(isColor(picture, view.x(p) + 3, view.y(1.75), 0xFFFF8000)) << p;
     }
+}
+
+// ---- odd data ----
+
+TEST(SeriesPaint, TimesThatGoBackAndForthArePaintedInAFrame) {
+    std::vector<Bar> bars = makeBars(100000);
+    for (std::size_t i = 0; i < bars.size(); ++i)
+        bars[i].time = static_cast<int>(2000000000u + static_cast<unsigned>(i) * 1500000007u);
+    SeriesChart test(bars);
+    test.showFrom(0, 100000);
+    test.grab();
+    QElapsedTimer clock;
+    clock.start();
+    test.grab();
+    EXPECT_LT(clock.elapsed(), 500);
 }
 
 } // namespace

@@ -44,6 +44,44 @@ TEST(ToolTip, NamesTheFourPricesOfACandle) {
     EXPECT_EQ(test.series()->m_nHoverTime, 1388534400 + 4 * 3600);
 }
 
+struct TipText {
+    Word drawKind;
+    char letter;
+    int length;
+    const char *text; // behind the alias
+};
+
+class TipTexts : public testing::TestWithParam<TipText> {};
+
+TEST_P(TipTexts, CharacterByCharacter) {
+    std::vector<Bar> bars = steps(10);
+    if (GetParam().letter != 'I')
+        for (std::size_t i = 0; i < bars.size(); ++i)
+            bars[i].time = 1388534400 + static_cast<int>(i) * 86400;
+    SeriesChart test(bars, GetParam().drawKind, QSize(800, 600), GetParam().letter, GetParam().length);
+    test.showFrom(0, 10);
+    test.grab();
+    const LayerView view = test.view();
+    const QString name = test.series()->m_name;
+    const QPoint point(view.x(4), view.y(1.29));
+    EXPECT_EQ(tipAt(test, point).toStdString(),
+              (test.series()->GetAlias() + QString(GetParam().text).replace("NAME", name)).toStdString());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    ToolTip, TipTexts,
+    testing::Values(
+        TipText{1, 'I', 60,
+                "\n1/1/2014\n4:00:00\nOpen 1.31000\nHigh 1.32000\nLow 1.28000\nClose 1.29000"},
+        TipText{1, 'D', 1, "\n1/5/2014\nOpen 1.31000\nHigh 1.32000\nLow 1.28000\nClose 1.29000"},
+        TipText{2, 'I', 60,
+                "\n1/1/2014\n4:00:00\nOpen 1.31000\nHigh 1.32000\nLow 1.28000\nClose 1.29000"},
+        TipText{5, 'I', 60,
+                "\n1/1/2014\n4:00:00\nOpen 1.31000\nHigh 1.32000\nLow 1.28000\nClose 1.29000"},
+        TipText{3, 'I', 60, "\n1/1/2014\n4:00:00\nNAME 1.29000"},
+        TipText{3, 'D', 1, "\n1/5/2014\nNAME 1.29000"},
+        TipText{7, 'I', 60, "\n1/1/2014\n4:00:00\nNAME 1.29000"}));
+
 TEST(ToolTip, DailySeriesHaveNoTime) {
     std::vector<Bar> bars = steps(10);
     for (std::size_t i = 0; i < bars.size(); ++i)
