@@ -34,38 +34,37 @@ Lines moduleLines(const FakeHost &host) {
     Lines result;
     for (const LogLine &line : host.log) {
         if (line.text.contains("|GraphModule|"))
-            result.push_back(
-                QString("%1 %2 %3").arg(line.type).arg(line.level).arg(line.text).toStdString());
+            result.push_back(QString("%1 %2 %3").arg(line.type).arg(line.level).arg(line.text).toStdString());
     }
     return result;
 }
 
 const Lines windowTraffic{"3001:MAINWINDOW/VELMAR/",
-                                "3001:MAINWINDOW/VELMAR/",
-                                "3560",
-                                "5008:Auto scroll positions",
-                                "5008:Auto scroll positions",
-                                "3550",
-                                "3551",
-                                "3550",
-                                "3551",
-                                "3552",
-                                "3002:MVINDICATORS//",
-                                "3001:MVINDICATORS//",
-                                "6500",
-                                "6501",
-                                "3553",
-                                "3550",
-                                "3551",
-                                "3552"};
+                          "3001:MAINWINDOW/VELMAR/",
+                          "3560",
+                          "5008:Auto scroll positions",
+                          "5008:Auto scroll positions",
+                          "3550",
+                          "3551",
+                          "3550",
+                          "3551",
+                          "3552",
+                          "3002:MVINDICATORS//",
+                          "3001:MVINDICATORS//",
+                          "6500",
+                          "6501",
+                          "3553",
+                          "3550",
+                          "3551",
+                          "3552"};
 
 TEST(Traffic, OfAStart) {
     FakeHost host(FakeHost::Created);
     host.clearTraffic();
     host.send(3004u);
     EXPECT_EQ(traffic(host), (Lines{"3116", "3117", "3207", "3205", "3002:DEALING//", "3001:DEALING//",
-                                          "3001:MAINWINDOW/VELMAR/", "3110:DealingEvent", "3110:SkinEventData",
-                                          "3110:Velmar Game Mode", "3110:Velmar Competition Mode", "3112"}));
+                                    "3001:MAINWINDOW/VELMAR/", "3110:DealingEvent", "3110:SkinEventData",
+                                    "3110:Velmar Game Mode", "3110:Velmar Competition Mode", "3112"}));
     host.clearTraffic();
     host.send(3066u);
     EXPECT_EQ(traffic(host), (Lines{"3001:STATUSBAR/VELMAR/velmarStatusBar", "7000", "7000"}));
@@ -86,8 +85,8 @@ TEST(Traffic, OfAWindowAheadOfTheStart) {
     host.clearTraffic();
     host.createBareChart();
     Lines expected = windowTraffic;
-    expected.insert(expected.end(), {"3002:DEALING//", "3001:DEALING//", "3001:MAINWINDOW/VELMAR/",
-                                     "3110:DealingEvent"});
+    expected.insert(expected.end(),
+                    {"3002:DEALING//", "3001:DEALING//", "3001:MAINWINDOW/VELMAR/", "3110:DealingEvent"});
     EXPECT_EQ(traffic(host), expected);
     host.clearTraffic();
     host.send(3004u);
@@ -111,9 +110,9 @@ TEST(Traffic, WindowMessagesGoToTheMainWindow) {
         const bool ofWindow = (call.message >= 3500 && call.message < 4000) || call.message == 5008 ||
                               call.message == 5033 || call.message >= 10000;
         const int indicators = static_cast<int>(host.interfaceOf("MVINDICATORS"));
-        const int wanted = ofWindow                        ? mainWindow
-                           : call.message / 100 == 65      ? indicators
-                                                           : static_cast<int>(host.coreHandle());
+        const int wanted = ofWindow                   ? mainWindow
+                           : call.message / 100 == 65 ? indicators
+                                                      : static_cast<int>(host.coreHandle());
         EXPECT_EQ(toWord(call.target), wanted) << call.message;
     }
 }
@@ -188,8 +187,8 @@ TEST(Traffic, OfANewInstrumentUpToItsSubscription) {
     const Lines all = traffic(host);
     ASSERT_GT(all.size(), 12u);
     EXPECT_EQ(Lines(all.begin(), all.begin() + 9),
-              (Lines{"3012", "3001:CANDLE/VELMAR/", "3001:CANDLE/VELMAR/CANDLE_VELMAR", "4023", "3008", "3093",
-                     "3042", "3135", "3013"}));
+              (Lines{"3012", "3001:CANDLE/VELMAR/", "3001:CANDLE/VELMAR/CANDLE_VELMAR", "4023", "3008",
+                     "3093", "3042", "3135", "3013"}));
     EXPECT_EQ(std::count(all.begin(), all.end(), "5008:Add primary primitive"), 1);
     EXPECT_EQ(Lines(all.end() - 2, all.end()), (Lines{"5033", "5008:"}));
     const Call arrays = host.callsOf(3042).front();
@@ -236,19 +235,18 @@ TEST(LogLines, OfEveryMessageThatTellsOne) {
     ASSERT_TRUE(euro);
     EXPECT_EQ(lines([&] { host.update(euro, 0); }),
               (Lines{"1 0 CRGraphModule::CoreUpdateDpa start|GraphModule|988"}));
-    EXPECT_EQ(lines([&] { host.tick(); }),
-              (Lines{"1 0 CRGraphModule::timerEvent start|GraphModule|194",
-                           "1 0 m_bUpdatePrimitivePositions = 1|GraphModule|203"}));
+    EXPECT_EQ(lines([&] { host.tick(); }), (Lines{"1 0 CRGraphModule::timerEvent start|GraphModule|194",
+                                                  "1 0 m_bUpdatePrimitivePositions = 1|GraphModule|203"}));
     EXPECT_EQ(lines([&] { host.send(3114u); }), (Lines{"1 0 CORE_RECIVE_EVENT|GraphModule|1170"}));
     bytes::Record rebuild(16);
     bytes::put<Word>(rebuild.data(), 0, 0x4711);
     EXPECT_EQ(lines([&] { host.send(3076u, chart.handle, rebuild.data()); }),
               (Lines{"1 0 CRGraphModule::CoreRebuildDpa start|GraphModule|1114",
-                           "1 0 CRGraphModule::CoreRebuildDpa finish|GraphModule|1121"}));
+                     "1 0 CRGraphModule::CoreRebuildDpa finish|GraphModule|1121"}));
     bytes::Record rename(778);
     EXPECT_EQ(lines([&] { host.send(3130u, chart.handle, rename.data()); }),
               (Lines{"1 0 CRGraphModule::CoreRenameDpa start|GraphModule|1127",
-                           "1 0 CRGraphModule::CoreRenameDpa finish|GraphModule|1133"}));
+                     "1 0 CRGraphModule::CoreRenameDpa finish|GraphModule|1133"}));
     bytes::Record window(8);
     EXPECT_EQ(lines([&] { host.send(3518u, window.data()); }),
               (Lines{"1 4 MWI_SET_PANEL_STATE: wParam is not a GraphWidget|GraphModule|1751"}));
