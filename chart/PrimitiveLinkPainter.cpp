@@ -11,7 +11,7 @@ namespace {
 
 enum ColorMode { firstLine = 0, secondLine = 1, higherLine = 2 };
 
-constexpr int rowsOutside = 8000; // beyond the plot; rows further out only cost time
+constexpr int rowsOutside = 4000; // beyond the plot; rows further out only cost time
 
 double valueOf(const CRPrimitive &primitive, int dataIndex) {
     const PrimitiveTypeRow *row = primitiveTypeRow(primitive.m_type);

@@ -22,7 +22,7 @@ int CRPrimitive::GetTimeStep() const {
         return 1;
     switch (array->identity.m_periods.period) {
     case 'I':
-        return std::max(array->identity.m_periods.lenPeriod * 60, 1);
+        return static_cast<int>(std::clamp<long long>(array->identity.m_periods.lenPeriod * 60LL, 1, INT_MAX));
     case 'D':
         return 86400;
     case 'W':

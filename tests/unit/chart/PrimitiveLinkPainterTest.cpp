@@ -118,7 +118,7 @@ TEST(PaintersLinks, AreasToFarValuesKeepTheirEdges) {
         for (int y = 0; y < plain.height(); ++y)
             for (int x = 0; x < plain.width(); ++x)
                 different += actual.pixel(x, y) != plain.pixel(x, y);
-        EXPECT_LE(different, inkCount(plain) / 500);
+        EXPECT_LE(different, inkCount(plain) / 200);
         EXPECT_GT(inkCount(plain), 1000);
     }
 }

@@ -219,7 +219,9 @@ INSTANTIATE_TEST_SUITE_P(
                     StepCase{'D', 1, 86400, DT_DAY, 1}, StepCase{'D', 2, 86400, DT_DAY, 2},
                     StepCase{'D', 0, 86400, DT_DAY, 1}, StepCase{'W', 1, 604800, DT_WEEK, 1},
                     StepCase{'M', 1, 2592000, DT_MONTH, 1}, StepCase{'Y', 1, 31536000, DT_YEAR, 1},
-                    StepCase{'X', 3, 1, DT_UNKNOWN, 3}));
+                    StepCase{'X', 3, 1, DT_UNKNOWN, 3}, // and lengths that no host should send
+                    StepCase{'I', -5, 1, DT_MINUTE, -5},
+                    StepCase{'I', 2000000000, 2147483647, DT_MINUTE, 2000000000}));
 
 constexpr int hour = 3600;
 constexpr int start = 1000 * hour;
