@@ -242,6 +242,7 @@ public slots:
     void OnQuickAddGraphPressed(QAction *action);
     void OnQuickAddGraphSelectedPeriod(QAction *action);
     void OnMODERNQuickAddGraphPressed(int symbol);
+    void OnMODERNAddGraphPressed(int entry);
     void OnShowBaseData(QAction *action);
     void OnDeleteIndByType();
     void OnMenuIndicatorAddUnk(QAction *action);
@@ -389,6 +390,7 @@ public:
     void *m_pickInterface = nullptr;
     coreNameInstrument m_quickAdd{};      // scratch of the quick-add menu
     char m_quickAddProvider[255]{};
+    std::vector<coreIndicatorIdentity> m_chartIdentities; // those of the host that its tool bar lists
 
     // property page: group and item indices
     int m_nGeneralGroup = -1;

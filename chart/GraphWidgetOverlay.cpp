@@ -7,15 +7,24 @@
 #include "module/GraphModule.h"
 
 #include <QPainter>
+#include <algorithm>
 
 void CRGraphWidget::update() {
     m_frameCache.Invalidate();
     QWidget::update();
 }
 
+// The host can scroll a chart from within a frame. There is no frame within a frame: it follows.
 void CRGraphWidget::repaint() {
     m_frameCache.Invalidate();
-    QWidget::repaint();
+    const auto &windows = m_module->m_widgets;
+    const bool painting = std::any_of(windows.begin(), windows.end(), [](const CRGraphWidget *window) {
+        return window->testAttribute(Qt::WA_WState_InPaintEvent);
+    });
+    if (painting)
+        QWidget::update();
+    else
+        QWidget::repaint();
 }
 
 bool CRGraphWidget::HasOverlay() const {

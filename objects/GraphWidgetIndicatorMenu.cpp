@@ -7,7 +7,6 @@
 #include "module/GraphModule.h"
 #include "module/HostCalls.h"
 #include "objects/Indicator.h"
-#include "objects/OutputSeries.h"
 
 #include <QMenu>
 #include <QPointer>
@@ -39,9 +38,9 @@ void CRGraphWidget::CreateGlobalIndicatorsList() {
     // Collected apart: the host can ask for the same list while it answers.
     indListIndicators found;
     for (void *iface : HostCalls::findInterfaces("MVINDICATORS")) {
-        const int count = iface ? HostCalls::indicatorCount(iface) : 0;
-        if (!isListCount(count))
+        if (!iface)
             continue;
+        const int count = HostCalls::indicatorCount(iface);
         for (const INDICATOR_DESCRIPTION &description : HostCalls::indicatorList(iface, count)) {
             indListEntry entry;
             entry.interfaceHandle = iface;

@@ -145,7 +145,7 @@ void CRGraphWidget::UpdateIndicatorPrimitives(coreCoreUpdateDpaData *data) {
     int count = 1;
     const eDateType interval = any ? any->GetTimeInterval(count) : DT_UNKNOWN;
     const int last = m_pTimeScale->GetTimeCount() - 1;
-    const int value = std::min(m_pTimeScale->GetVirtualTimePos(edgeTime, interval, count), last) + 1;
+    const int value = std::min(m_pTimeScale->GetVirtualTimePos(edgeTime, interval, count) + 1, last);
     if (value != m_pScrollBar->GetScrollValue())
         m_pScrollBar->SetValue(value);
 }
@@ -156,7 +156,8 @@ void CRGraphWidget::ReBuildIndicator(coreRebuildDpa *record) {
         return;
     QPointer<CRGraphWidget> guard(this);
     void *const handle = record->handle;
-    std::vector<mvDataPointArray *> current = fetchOutputs(handle);
+    const int outputs = HostCalls::outputCount(handle);
+    std::vector<mvDataPointArray *> current = HostCalls::outputArrays(handle, outputs);
     current.erase(std::remove(current.begin(), current.end(), nullptr), current.end());
     if (!guard)
         return;

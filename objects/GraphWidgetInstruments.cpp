@@ -179,8 +179,10 @@ void *CRGraphWidget::AddPrimaryPrimitive(unsigned short *symbol, char *dataType,
     if (!guard || !created)
         return nullptr;
     update();
-    m_nSelectedArea = -1;
     UndoMilestone(QStringLiteral("Add primary primitive"));
+    if (!guard)
+        return nullptr;
+    m_nSelectedArea = -1;
     trace(QStringLiteral("Indicator ") + name + QStringLiteral(" created successfully"),
           LOG_TAG("GraphWidget"));
     return created;

@@ -3,7 +3,6 @@
 #include "chart/GraphLayer.h"
 #include "chart/GraphWidget.h"
 #include "module/HostCalls.h"
-#include "objects/OutputSeries.h"
 
 #include <QPointer>
 #include <algorithm>
@@ -45,9 +44,7 @@ void CRIndicator::RequestLinks() {
     const int count = HostCalls::linkCount(handle);
     if (!window || !window->HasIndicator(this))
         return;
-    std::vector<coreIndicatorLinks> links;
-    if (isListCount(count))
-        links = HostCalls::links(handle, count);
+    std::vector<coreIndicatorLinks> links = HostCalls::links(handle, count);
     if (window && window->HasIndicator(this))
         SetLinks({static_cast<int>(links.size()), links.data()});
 }

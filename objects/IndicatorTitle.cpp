@@ -8,6 +8,7 @@
 
 #include <QPointer>
 #include <cmath>
+#include <cstring>
 
 QString titleValueText(double value, float step) {
     const double magnitude = std::fabs(std::log10(static_cast<double>(step)));
@@ -16,6 +17,19 @@ QString titleValueText(double value, float step) {
     const int decimals = QString::number(magnitude, 'g').section(QLatin1Char('.'), 0, 0).toInt();
     return QStringLiteral(" (%1) ").arg(value, 0, 'f', decimals);
 }
+
+namespace {
+
+// The third field of a point; it is a number of four bytes in all points that have one.
+double thirdField(const CRPrimitive &primitive, int dataIndex) {
+    constexpr unsigned offset = 8;
+    float value = 0;
+    if (primitive.GetArray()->recordSize >= offset + sizeof value)
+        std::memcpy(&value, primitive.GetDataPoint(dataIndex) + offset, sizeof value);
+    return value;
+}
+
+} // namespace
 
 // The value at the last position on the screen that has data; empty for none.
 QString CRIndicator::TitleValueText(const CRPrimitive *primitive) const {
@@ -29,7 +43,9 @@ QString CRIndicator::TitleValueText(const CRPrimitive *primitive) const {
         if (dataIndex < 0 || !primitive->GetDataPoint(dataIndex))
             continue;
         bool has = false;
-        const double value = primitive->TitleValue(dataIndex, &has);
+        double value = primitive->TitleValue(dataIndex, &has);
+        if (primitive->m_type == PT_MARKS) // the title of a pane shows the other one
+            value = thirdField(*primitive, dataIndex);
         return has ? titleValueText(value, primitive->m_fPoint) : QString();
     }
     return QString();

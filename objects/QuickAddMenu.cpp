@@ -132,6 +132,15 @@ void CRGraphWidget::OnMODERNQuickAddGraphPressed(int symbol) {
     AddQuickInstrument();
 }
 
+// Opens the host's picker on one of its chart identities.
+void CRGraphWidget::OnMODERNAddGraphPressed(int entry) {
+    if (!ComponentHandle() || entry < 0 || entry >= static_cast<int>(m_chartIdentities.size()))
+        return;
+    const coreNameInstrument &names = m_chartIdentities[static_cast<std::size_t>(entry)].sNameInstrument;
+    HostCalls::openChartIdentity(ComponentHandle(), fieldText(names.m_szNameSymbol) + QLatin1Char('/') +
+                                                        fieldText(names.m_szType));
+}
+
 // Works on a copy: the host can bring the next request while this one is being served.
 void CRGraphWidget::AddQuickInstrument() {
     coreNameInstrument what = m_quickAdd;

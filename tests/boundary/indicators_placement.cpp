@@ -45,6 +45,7 @@ TEST(IndicatorAdding, SendsItsMessagesInOrder) {
                                             ToHost::DisplayNames,
                                             ToHost::HorizontalLevels,
                                             ToHost::LinkCount,
+                                            ToHost::Links,
                                             ToHost::Milestone};
     ASSERT_GE(numbers.size(), expected.size());
     numbers.resize(expected.size());

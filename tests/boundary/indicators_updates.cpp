@@ -127,6 +127,24 @@ TEST(DataUpdate, WithMoreHistoryKeepsTheCandleAtTheEdge) {
     EXPECT_EQ(bar->value(), 250);
 }
 
+TEST(DataUpdate, WithMoreHistoryLeavesTheViewWithinTheLastPosition) {
+    FakeHost host;
+    const std::vector<Bar> all = makeBars(400);
+    host.setHistory("EURUSD", std::vector<Bar>(all.begin() + 100, all.end()));
+    const Chart chart = host.createChart();
+    FakeObject *object = host.addInstrument(chart, "EURUSD");
+    host.tick();
+    auto *bar = qobject_cast<QAbstractSlider *>(childOfClass(chart.widget, "CTimeScrollBar"));
+    ASSERT_TRUE(bar);
+    EXPECT_EQ(bar->value(), 330); // the free positions stand at the edge
+    object->array().setCandles(all);
+    host.update(object, 1);
+    EXPECT_EQ(bar->maximum(), 430);
+    EXPECT_EQ(bar->value(), 429);
+    host.update(object, 1);
+    EXPECT_EQ(bar->value(), 429);
+}
+
 TEST(DataUpdate, WhileLoadingIsIgnored) {
     UpdatedChart on;
     on.chart.handle->m_loading = true;
@@ -262,6 +280,21 @@ TEST(Title, OfAnotherPeriodThanTheArraysNamesIt) {
         return 0;
     });
     EXPECT_TRUE(host.caption(chart).startsWith("Terminal, Day/EUR/USD ("));
+}
+
+TEST(Title, OfMarksShowsTheThirdFieldOfTheirPoint) {
+    UpdatedChart on;
+    FakeArray &array = on.indicator->array();
+    array.setMarks({{1388534400, 2.5f, 1.25f, 1, 0}});
+    array.header()->typeShow.drawKind = 6;
+    array.header()->precision = 2;
+    on.host.update(on.indicator, on.chart, 1);
+    on.host.tick();
+    auto *bar = qobject_cast<QAbstractSlider *>(childOfClass(on.chart.widget, "CTimeScrollBar"));
+    ASSERT_TRUE(bar);
+    bar->setValue(bar->minimum());
+    const QString caption = on.host.caption(on.chart);
+    EXPECT_TRUE(caption.endsWith(", IND (1.25) ")) << qPrintable(caption);
 }
 
 TEST(Title, WithTitlesAtTheTopHasNoValue) {

@@ -97,6 +97,21 @@ TEST(InstrumentAdding, OnAnEmptySelectedPaneUsesTheFirstPane) {
     EXPECT_EQ(viewOf(chart).line("GBPUSD")->area, 2);
 }
 
+TEST(InstrumentAdding, KeepsTheSelectedPaneUntilItIsAnnounced) {
+    FakeHost host;
+    const Chart chart = host.createChart();
+    chart.handle->m_nSelectedArea = 0;
+    int selected = -2;
+    host.setInterruption([&](const Call &call) {
+        if (call.message == ToHost::Milestone && bytes::text8(call.wRecord.constData(), 4, 255) ==
+                                                     QByteArray("Add primary primitive"))
+            selected = chart.handle->m_nSelectedArea;
+    });
+    host.addInstrument(chart, "EURUSD");
+    EXPECT_EQ(selected, 0);
+    EXPECT_EQ(chart.handle->m_nSelectedArea, -1);
+}
+
 TEST(InstrumentAdding, OfASymbolThatIsThereOffersItsLayer) {
     FakeHost host;
     const Chart chart = host.createChart();

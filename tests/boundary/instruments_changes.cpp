@@ -383,4 +383,24 @@ TEST(QuickAdd, OfTheToolBarAsksForTicksOfTheMiddlePrice) {
     }
 }
 
+TEST(QuickAdd, OfAChartIdentityOpensThePickerOnItsName) {
+    FakeHost host;
+    const Chart chart = host.createChart();
+    std::vector<coreIndicatorIdentity> identities(2, zeroRecord<coreIndicatorIdentity>());
+    fillField(identities[1].sNameInstrument.m_szNameSymbol, QString("EUR"));
+    fillField(identities[1].sNameInstrument.m_szType, "USD");
+    chart.handle->m_chartIdentities = identities;
+    std::vector<QString> names;
+    Word target = 0;
+    host.answer(ToHost::OpenChartIdentity, [&](void *to, int wParam, int) {
+        target = static_cast<Word>(toWord(to));
+        names.push_back(readEndedText(fromWord<const unsigned short>(wParam)));
+        return 0;
+    });
+    for (int entry : {-1, 1, 2})
+        QMetaObject::invokeMethod(chart.widget, "OnMODERNAddGraphPressed", Q_ARG(int, entry));
+    EXPECT_EQ(names, std::vector<QString>{"EUR/USD"});
+    EXPECT_EQ(target, host.interfaceOf("MAINWINDOW"));
+}
+
 } // namespace
