@@ -88,20 +88,28 @@ void CRGraphArea::DeleteGraphLayer(int index, bool refresh) {
     delete layer;
     if (!refresh)
         return;
-    m_pWidget->UpdateTitle();
-    m_pWidget->ChangeDesktop();
-    m_pWidget->UpdateScaleWidth();
-    m_pWidget->UpdatePrimitiveCount();
-    m_pWidget->UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);
-    m_pWidget->update();
+    const QPointer<CRGraphWidget> window(m_pWidget);
+    window->UpdateTitle();
+    if (window)
+        window->ChangeDesktop();
+    if (!window)
+        return;
+    window->UpdateScaleWidth();
+    window->UpdatePrimitiveCount();
+    window->UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);
+    if (window)
+        window->update();
 }
 
 void CRGraphArea::DeleteGraphLayer(CRGraphLayer *layer) {
+    const QPointer<CRGraphWidget> window(m_pWidget);
     const auto place = std::find(m_layers.begin(), m_layers.end(), layer);
     if (place != m_layers.end())
         DeleteGraphLayer(static_cast<int>(place - m_layers.begin()), true);
-    m_pWidget->UpdateTitle();
-    m_pWidget->ChangeDesktop();
+    if (window)
+        window->UpdateTitle();
+    if (window)
+        window->ChangeDesktop();
 }
 
 void CRGraphArea::DeleteUnusedLayers() {

@@ -298,6 +298,43 @@ TEST_P(PaneLastPrice, HasItsLineAndItsLabel) {
 
 INSTANTIATE_TEST_SUITE_P(OnBothScales, PaneLastPrice, testing::Bool());
 
+// ---- switches ----
+
+TEST_F(PanePixels, PictureOfTheSymbol) {
+    ASSERT_TRUE(addHidden(1, "EUR"));
+    const int height = WindowView(host, chart).chartHeight();
+    const QRect plot(QPoint(left(), 0), QPoint(right(), height - 1));
+    const QPixmap picture(":/usd.png"); // the one for symbols without their own
+    ASSERT_FALSE(picture.isNull());
+    const QRect part = QRect(QPoint(left(), 30), QPoint(right() - 6, height - 1));
+    compare(part, expected([](QPainter &) {}));
+    QTest::keyClick(chart.widget, '{');
+    compare(part, expected([&](QPainter &painter) {
+                painter.drawPixmap(plot.left() + (plot.width() - picture.width()) / 2,
+                                   plot.top() + (plot.height() - picture.height()) / 2, picture);
+            }));
+    QTest::keyClick(chart.widget, '{');
+    compare(part, expected([](QPainter &) {}));
+}
+
+TEST_F(PanePixels, BorderRunsAroundThePlot) {
+    ASSERT_TRUE(addHidden(1, "EUR"));
+    setFlag(5, true);
+    apply();
+    const WindowView view(host, chart);
+    const int bottom = view.chartHeight();
+    const QRgb black = 0xFF000000; // white over anything, by exclusive or
+    for (int x = left() - 1; x <= right() + 2; ++x)
+        ASSERT_EQ(view.pixel(x, 1), black) << x;
+    for (int y = 1; y <= bottom; ++y) {
+        ASSERT_EQ(view.pixel(left() - 1, y), black) << y;
+        ASSERT_EQ(view.pixel(right() + 2, y), black) << y;
+    }
+    EXPECT_NE(view.pixel(left() - 2, 20), black);
+    EXPECT_NE(view.pixel(right() + 3, 1), black);
+    EXPECT_EQ(view.pixel(left() + 20, 0), grid);
+}
+
 // ---- game mode ----
 
 TEST_F(PanePixels, Watermark) {

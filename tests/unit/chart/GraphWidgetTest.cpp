@@ -254,6 +254,25 @@ TEST_F(GraphWidget, UnusedLayersGoButTheLast) {
     EXPECT_TRUE(widget->m_indicators.empty());
 }
 
+TEST_F(GraphWidget, DeletedLayerIsAnnouncedWithTheRefreshAndAfterIt) {
+    CRGraphArea *area = widget->GetArea(0);
+    widget->CreateLayer(0);
+    CRGraphLayer *first = area->m_layers[0];
+    const int rebuilds = widget->m_nUpdateCount;
+    host.messages.clear();
+    area->DeleteGraphLayer(first);
+    EXPECT_EQ(area->m_layers.size(), 1u);
+    EXPECT_EQ(host.count(ToHost::CaptionChanged), 2);
+    EXPECT_EQ(host.count(ToHost::Milestone), 2);
+    EXPECT_EQ(widget->m_nUpdateCount, rebuilds + 1);
+    area->DeleteGraphLayer(first); // which is gone
+    EXPECT_EQ(area->m_layers.size(), 1u);
+    EXPECT_EQ(host.count(ToHost::CaptionChanged), 3);
+    EXPECT_EQ(host.count(ToHost::Milestone), 3);
+    area->DeleteGraphLayer(7, true);
+    EXPECT_EQ(host.count(ToHost::Milestone), 3);
+}
+
 TEST_F(GraphWidget, HiddenSeriesOutlivesItsLayer) {
     CRGraphArea *area = widget->GetArea(0);
     widget->CreateLayer(0);
