@@ -7,7 +7,8 @@
 #include <QApplication>
 #include <QLocale>
 #include <QDateTime>
-#include <QTimerEvent>
+#include <QHash>
+#include <QTranslator>
 #include <cstdio>
 #include <dlfcn.h>
 
@@ -30,6 +31,21 @@ int writeLog(const void *) {
 
 } // namespace
 
+// What the module handed over with 3019, by context and id.
+class BenchHost::Texts : public QTranslator {
+public:
+    void insert(const char *record) { m_texts[QByteArray(record) + '/' + (record + 1024)] = QString(record + 2048); }
+    bool isEmpty() const override { return m_texts.isEmpty(); }
+    QString translate(const char *context, const char *text, const char *, int) const override {
+        return m_texts.value(QByteArray(context) + '/' + text);
+    }
+
+private:
+    QHash<QByteArray, QString> m_texts;
+};
+
+BenchHost::~BenchHost() = default;
+
 BenchHost &BenchHost::instance() {
     static BenchHost host;
     return host;
@@ -37,6 +53,8 @@ BenchHost &BenchHost::instance() {
 
 BenchHost::BenchHost() {
     m_slider.setRange(-60, 0);
+    m_texts = std::make_unique<Texts>();
+    QCoreApplication::installTranslator(m_texts.get());
     void *library = dlopen(VELMAR_LIBRARY, RTLD_NOW);
     if (!library) {
         std::fprintf(stderr, "%s\n", dlerror());
@@ -126,6 +144,12 @@ int BenchHost::answer(void *, unsigned message, int wParam, int lParam) {
     case 3012:
         std::strcpy(fromWord<coreNameInterface>(lParam)->nameProvider, "VELMAR");
         break;
+    case 3013:
+        ++m_subscriptions;
+        break;
+    case 3019:
+        m_texts->insert(fromWord<char>(wParam));
+        break;
     case 3042:
         if (series) {
             auto *list = fromWord<coreListCreateData>(lParam);
@@ -193,6 +217,7 @@ int BenchHost::answer(void *, unsigned message, int wParam, int lParam) {
 BenchHost::Chart::~Chart() {
     instance().send(5004, toWord(window), 0);
     instance().m_series.clear(); // one chart at a time
+    instance().m_subscriptions = 0;
 }
 
 std::unique_ptr<BenchHost::Chart> BenchHost::makeChart(const std::vector<corePointCandle> &bars, int visible) {
@@ -246,7 +271,7 @@ std::unique_ptr<BenchHost::Chart> BenchHost::makeChart(const std::vector<corePoi
     return chart;
 }
 
-void BenchHost::addAverage(Chart &chart, const std::vector<ValuePoint> &points) {
+void BenchHost::addAverage(Chart &chart, const std::vector<ValuePoint> &points, const std::function<void()> &pick) {
     m_nextValues = &points;
     mvwcDpaItem item;
     clearRecord(item);
@@ -257,8 +282,8 @@ void BenchHost::addAverage(Chart &chart, const std::vector<ValuePoint> &points) 
         int count;
         void *items;
     } list{1, &item};
-    // One primitive on the chart is taken as the source at once; with more a picker would open.
     send(5006, toWord(chart.window), toWord(&list));
+    pick();
     m_nextValues = nullptr;
 }
 

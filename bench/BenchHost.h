@@ -4,6 +4,7 @@
 
 #include <QSlider>
 #include <QWidget>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -23,7 +24,9 @@ public:
         ~Chart();
     };
     std::unique_ptr<Chart> makeChart(const std::vector<corePointCandle> &bars, int visible);
-    void addAverage(Chart &chart, const std::vector<ValuePoint> &points);
+    // `pick` answers the source picker when one is open.
+    void addAverage(Chart &chart, const std::vector<ValuePoint> &points, const std::function<void()> &pick);
+    int seriesCount() const { return m_subscriptions; } // on the chart
 
     int send(unsigned message, int wParam, int lParam); // to the module
     void quote(Chart &chart, int kind);                 // 3009
@@ -35,6 +38,7 @@ public:
 
 private:
     BenchHost();
+    ~BenchHost();
     static int receive(void *target, unsigned message, int wParam, int lParam);
     int answer(void *target, unsigned message, int wParam, int lParam);
     void create(coreDemandsIndicator *record);
@@ -53,5 +57,8 @@ private:
     Word m_cross = 0;
     QSlider m_slider;
     long m_calls = 0;
+    int m_subscriptions = 0;
+    class Texts;
+    std::unique_ptr<Texts> m_texts;
     int (*m_receiveMessage)(void *, unsigned, int, int) = nullptr;
 };
