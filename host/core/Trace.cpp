@@ -2,6 +2,7 @@
 #include "host/core/Host.h"
 #include "host/core/MessageNames.h"
 #include <QCoreApplication>
+#include <cstdio>
 
 namespace desk {
 
@@ -31,7 +32,12 @@ void Trace::write(const QString &text) {
     const QString stamp = QString::number(double(m_clock.nsecsElapsed()) / 1e6, 'f', 3).rightJustified(11);
     m_file.write((stamp + QString(2 + 2 * m_depth, QLatin1Char(' ')) + text + QLatin1Char('\n')).toUtf8());
     // A crash of either side must not swallow the message that led to it.
-    m_file.flush();
+    if (m_file.flush())
+        return;
+    std::fprintf(stderr, "%s\n",
+                 qPrintable(QCoreApplication::translate("desk", "The trace %1 ends here: %2.")
+                                .arg(m_file.fileName(), m_file.errorString())));
+    m_file.close();
 }
 
 Trace::Scope::Scope(Trace &trace, Direction direction, Handle target, unsigned message, int wParam,

@@ -103,13 +103,18 @@ std::shared_ptr<Candle> CandleService::series(const QString &symbol, Side side, 
     host().objects().add(candle);
     candle->ownArray();
     m_candles.push_back(candle);
-    const std::optional<Period> finest = history->finest();
-    if (candle->count() == 0 && finest && finest->seconds() > period.seconds())
+    tellIfEmpty(*candle, period);
+    return candle;
+}
+
+void CandleService::tellIfEmpty(const Candle &candle, Period period) {
+    const SymbolHistory *history = m_book.history(candle.symbol());
+    const std::optional<Period> finest = history ? history->finest() : std::nullopt;
+    if (candle.count() == 0 && finest && finest->seconds() > period.seconds())
         host().front().tell(
             Level::Message,
             QStringLiteral("%1 has no quotes finer than %2: its series of %3 begins with the next quote.")
-                .arg(name, finest->longName(), period.longName()));
-    return candle;
+                .arg(candle.symbol(), finest->longName(), period.longName()));
 }
 
 // Numbers of a stored workspace come back with the demand: the new object takes them over.
@@ -156,6 +161,7 @@ int CandleService::change(Handle object, int lParam) {
     if (!side || !period.isValid())
         return 1;
     candle->change(*side, period);
+    tellIfEmpty(*candle, period);
     announce(*candle, 0, arraysRebuilt);
     return 0;
 }

@@ -35,6 +35,7 @@ public:
 
 private:
     void create(coreDemandsIndicator &demand);
+    void tellIfEmpty(const Candle &candle, Period period);
     int outputs(Handle object, int lParam) const;
     int change(Handle object, int lParam);
     int loadOlder(Handle object, int seconds);

@@ -47,7 +47,9 @@ QString parseFeedLine(Piece line, const Clock &clock, QString &symbol, Tick &tic
     Piece fields[4];
     const int count = splitLine(line, ',', fields, 4);
     if (count != 4)
-        return QStringLiteral("%1 fields instead of SYMBOL,TIME,BID,ASK").arg(count);
+        return QStringLiteral("%1 %2 instead of SYMBOL,TIME,BID,ASK")
+            .arg(count)
+            .arg(QLatin1String(count == 1 ? "field" : "fields"));
     if (!isSymbol(fields[0]))
         return QStringLiteral("\"%1\" is no symbol").arg(textOf(fields[0]));
     if (!readFeedTime(fields[1], clock, tick.timeMs))

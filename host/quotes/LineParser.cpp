@@ -121,7 +121,10 @@ QString LineParser::parse(Piece line, QuoteLine &quote) {
     const int count = splitLine(line, m_form.separator, fields, mostColumns);
     const int expected = int(m_form.columns.size());
     if (count != expected)
-        return QStringLiteral("%1 columns instead of %2").arg(count).arg(expected);
+        return QStringLiteral("%1 %2 instead of %3")
+            .arg(count)
+            .arg(QLatin1String(count == 1 ? "column" : "columns"))
+            .arg(expected);
     if (const int column = columnOf(Column::Symbol); column >= 0 && !m_form.symbolText.isEmpty()) {
         const Piece symbol = fields[column];
         if (symbol.size() != m_form.symbolText.size() ||

@@ -29,7 +29,8 @@ namespace desk {
 
 namespace {
 
-constexpr int quoteDelay = 150; // milliseconds in which quotes are gathered before the list shows them
+constexpr int quoteDelay = 150;    // milliseconds in which quotes are gathered before the list shows them
+constexpr int captionDelay = 1500; // a chart has built its positions by then
 const char *const typeNames[] = {"Bid", "Ask", "Middle"};
 
 } // namespace
@@ -82,6 +83,9 @@ MainWindow::MainWindow(Host &host, Journal &journal)
     m_stateTimer.setSingleShot(true);
     m_stateTimer.setInterval(0);
     connect(&m_stateTimer, &QTimer::timeout, this, &MainWindow::showChartState);
+    m_captionTimer.setSingleShot(true);
+    m_captionTimer.setInterval(captionDelay);
+    connect(&m_captionTimer, &QTimer::timeout, this, &MainWindow::refreshCaptions);
     // What was said before there was a window.
     if (!journal.lines().empty())
         m_message->setText(journal.lines().back().text);
@@ -102,6 +106,7 @@ void MainWindow::setServices(const WindowServices &services) {
     connect(services.quotes, &QuoteBook::quoted, this,
             [this](const QString &symbol, qint64, double bid, double ask) {
                 m_newQuotes[symbol] = {bid, ask};
+                m_captionTimer.start();
                 if (!m_quoteTimer.isActive())
                     m_quoteTimer.start();
             });
@@ -148,8 +153,18 @@ void MainWindow::addIndicator(ChartPane &pane, const IndicatorEntry &entry) {
     scheduleChartState();
 }
 
-void MainWindow::setVisiblePositions(int count) {
+// The first change gives the slider the range of this chart, the second keeps to it.
+void MainWindow::setVisiblePositions(ChartPane &pane, int count) {
+    m_deck->activate(&pane);
+    m_host.sendToModule(ToModule::ZoomChange, 8, m_zoomSlider->value());
     m_host.sendToModule(ToModule::ZoomChange, 0, -count);
+    {
+        const QSignalBlocker quiet(m_zoomSlider);
+        m_zoomSlider->setValue(-count);
+    }
+    const int kept = m_zoomSlider->value();
+    if (kept < 0 && kept != -count)
+        m_host.sendToModule(ToModule::ZoomChange, 0, kept);
 }
 
 const CalculatedObject *MainWindow::activeInstrument() const {
@@ -206,6 +221,8 @@ void MainWindow::showChartState() {
         timeframe->setEnabled(instrument != nullptr);
         timeframe->setChecked(instrument && Period::fromName(timeframe->data().toString()) == period);
     }
+    for (QWidget *control : std::initializer_list<QWidget *>{m_zoomOut, m_zoomSlider, m_zoomIn, m_lastCandle})
+        control->setEnabled(m_deck->active() != nullptr);
     // With no button checked none of a group's may stay so.
     const int type = instrument ? int(activeSide()) : -1;
     for (QAction *price : m_types->actions()) {
@@ -215,6 +232,26 @@ void MainWindow::showChartState() {
     setWindowTitle(m_deck->active() && !m_deck->active()->caption().isEmpty()
                        ? m_deck->active()->caption()
                        : QCoreApplication::applicationName());
+}
+
+void MainWindow::scheduleChartState() {
+    m_stateTimer.start();
+    m_captionTimer.start();
+}
+
+// A caption tells the last price, and a chart sends it before its newest bars have their positions: once
+// quotes and changes pause, the last word is asked for.
+void MainWindow::refreshCaptions() {
+    std::vector<Handle> windows;
+    for (const ChartPane *pane : m_deck->panes())
+        windows.push_back(pane->window());
+    for (const Handle window : windows) {
+        if (!m_deck->find(window))
+            continue;
+        coreChartWindow wanted{m_host.moduleHandle(), fromWord<CRGraphWidget>(window)};
+        quint16 caption[256] = {};
+        m_host.sendToModule(ToModule::GetCaption, toWord(&wanted), toWord(caption));
+    }
 }
 
 void MainWindow::setTimeframe(int item) {

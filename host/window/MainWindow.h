@@ -73,7 +73,7 @@ public:
     ChartPane *openChart(const QString &symbol, Side side, Period period);
     void addInstrument(ChartPane &pane, const QString &symbol, Side side, Period period);
     void addIndicator(ChartPane &pane, const IndicatorEntry &entry);
-    void setVisiblePositions(int count); // of the active chart
+    void setVisiblePositions(ChartPane &pane, int count); // or all that the chart has
     void openQuoteFile(const QString &fileName);
     bool savePicture(const QString &fileName);
     void setLanguage(const QString &language);
@@ -126,7 +126,8 @@ private:
     void setMode(const QByteArray &event, unsigned onCode, unsigned offCode, bool on);
     void setLayoutMode(int mode);
     void showChartState(); // the tool bars follow the active chart
-    void scheduleChartState() { m_stateTimer.start(); }
+    void scheduleChartState();
+    void refreshCaptions(); // asks every chart for its caption
     const CalculatedObject *activeInstrument() const;
     Period activePeriod() const;
     Side activeSide() const;
@@ -170,6 +171,7 @@ private:
     std::vector<std::pair<QMenu *, const char *>> m_menus;
     std::map<QString, std::pair<double, double>> m_newQuotes; // bid and ask since the list was last shown
     QTimer m_quoteTimer;
+    QTimer m_captionTimer;
     QTimer m_stateTimer;
     bool m_closed = false;
 };

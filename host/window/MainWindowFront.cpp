@@ -78,7 +78,7 @@ QToolButton *MainWindow::toolButton(unsigned message) {
 void MainWindow::captionChanged(Handle window, const QString &caption) {
     if (ChartPane *pane = m_deck->find(window))
         pane->setCaption(caption);
-    scheduleChartState();
+    m_stateTimer.start();
 }
 
 void MainWindow::milestone(const QString &text) {

@@ -32,6 +32,7 @@
 #include <QStandardPaths>
 #include <cstdio>
 #include <unistd.h>
+#include <utility>
 
 namespace desk {
 
@@ -262,7 +263,24 @@ void Session::openChart(const QString &symbol) {
     Period period = m_periods.value(symbol, Period{'I', 5});
     if (m_options.period)
         period = *m_options.period;
-    m_window->openChart(symbol, m_options.side, period);
+    const ChartPane *pane = m_window->openChart(symbol, m_options.side, period);
+    if (!pane || m_options.bars <= 0)
+        return;
+    m_unzoomed.push_back(pane->window());
+    QTimer::singleShot(settleMs, this, &Session::zoomNewCharts);
+}
+
+// A chart can zoom once it has its positions.
+void Session::zoomNewCharts() {
+    if (!m_started)
+        return;
+    const std::vector<Handle> windows = std::exchange(m_unzoomed, {});
+    const Handle active = m_window->deck().active() ? m_window->deck().active()->window() : 0;
+    for (const Handle window : windows) {
+        if (ChartPane *pane = m_window->deck().find(window))
+            m_window->setVisiblePositions(*pane, m_options.bars);
+    }
+    m_window->deck().activate(m_window->deck().find(active));
 }
 
 void Session::stop() {
@@ -309,7 +327,7 @@ void Session::takePicture(const QString &fileName, const std::function<void(cons
             take();
             return;
         }
-        m_window->setVisiblePositions(m_options.bars);
+        zoomNewCharts();
         QTimer::singleShot(settleMs, this, take);
     });
     timer->start(settleMs);

@@ -57,7 +57,8 @@ private:
     void openChart(const QString &symbol);
     void echo(Level level, const QString &sentence);
     void echoProgress(const QString &what, int percent);
-    void openArrived(); // charts of symbols that a feed brought
+    void zoomNewCharts(); // to the number of positions that was asked for
+    void openArrived();   // charts of symbols that a feed brought
     void restoreLook();
     void saveLook();
 
@@ -67,6 +68,7 @@ private:
     bool m_showsArrivals = false; // charts open as a feed brings their symbols
     QStringList m_importedSymbols;
     QHash<QString, Period> m_periods; // at which a symbol's chart opens: that of its file
+    std::vector<Handle> m_unzoomed;   // charts that have their own number of positions still
     QStringList m_refusals;           // of quote files
     std::unique_ptr<Journal> m_journal;
     std::unique_ptr<QuoteBook> m_book;

@@ -74,6 +74,13 @@ TEST_F(CommandLine, AMissingQuoteFileIsSaidAndNothingIsShown) {
     EXPECT_FALSE(QFile::exists(path("a.png")));
 }
 
+TEST_F(CommandLine, ATraceOnAFullDiskIsSaidOnceAndThePictureComesAllTheSame) {
+    const Outcome outcome = run({"--trace", "/dev/full", "--screenshot", path("a.png")});
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_EQ(outcome.error.count("/dev/full"), 1) << outcome.error.toStdString();
+    EXPECT_FALSE(QImage(path("a.png")).isNull());
+}
+
 TEST_F(CommandLine, TheHelpTellsEveryOption) {
     const Outcome outcome = run({"--help"});
     EXPECT_EQ(outcome.code, 0);

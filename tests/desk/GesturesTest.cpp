@@ -103,6 +103,17 @@ TEST_F(DeskTest, ATimeframeButtonChangesThePeriodOfTheChart) {
     EXPECT_TRUE(traced().contains("3518 panel state"));
 }
 
+TEST_F(DeskTest, TheCaptionTellsTheLastPriceOnceAChangedPeriodIsShown) {
+    startWithOneChart();
+    const QString before = deck().active()->caption();
+    click(buttonOf("periodBar", "period_M5"));
+    settle();
+    click(buttonOf("periodBar", "period_H1"));
+    QTest::qWait(3500);
+    EXPECT_EQ(deck().active()->caption().toStdString(), before.toStdString());
+    EXPECT_TRUE(before.contains('(')) << before.toStdString();
+}
+
 TEST_F(DeskTest, APriceButtonConvertsEveryChart) {
     start(options());
     settle();
@@ -134,6 +145,31 @@ TEST_F(DeskTest, ZoomButtonsAndSliderChangeTheVisiblePositions) {
     EXPECT_TRUE(traced().contains("3552 zoom change {0, -200}"));
     click(child<QToolButton>("zoomIn"));
     EXPECT_GT(slider->value(), -200);
+}
+
+TEST_F(DeskTest, EveryChartOpensWithTheWantedNumberOfPositions) {
+    Options wanted = options();
+    for (const QString &name : {QStringLiteral("EURUSD"), QStringLiteral("GBPUSD")})
+        wanted.quoteFiles.push_back(
+            QuoteFile::fromArgument(desk::test::writeBars(folder(), name + ".csv", 300) + '=' + name));
+    wanted.bars = 120;
+    start(wanted);
+    QTest::qWait(3000);
+    EXPECT_EQ(countTraced("3552 zoom change {0, -120}"), 2);
+    EXPECT_EQ(deck().active(), deck().panes().front());
+    EXPECT_EQ(child<QSlider>("zoomSlider")->value(), -120);
+}
+
+TEST_F(DeskTest, MorePositionsThanThereAreShowThemAll) {
+    Options wanted = options();
+    const QString file = desk::test::writeBars(folder(), "bars.csv", 300);
+    wanted.quoteFiles.push_back(QuoteFile::fromArgument(file + "=EUR/USD"));
+    wanted.bars = 100000;
+    start(wanted);
+    QTest::qWait(3000);
+    const QSlider *slider = child<QSlider>("zoomSlider");
+    EXPECT_EQ(slider->value(), slider->minimum());
+    EXPECT_TRUE(traced().contains(QStringLiteral("3552 zoom change {0, %1}").arg(slider->minimum())));
 }
 
 TEST_F(DeskTest, TheLastCandleButtonTogglesWithItsState) {
