@@ -136,7 +136,8 @@ struct PanePixels : testing::Test {
 
 TEST_F(PanePixels, Prompt) {
     const int height = WindowView(host, chart).chartHeight();
-    compare(QRect(0, 0, 900, height), expected([&](QPainter &painter) { prompt(painter, QRect(0, 0, 901, height)); }));
+    compare(QRect(0, 0, 900, height),
+            expected([&](QPainter &painter) { prompt(painter, QRect(0, 0, 901, height)); }));
 }
 
 TEST_F(PanePixels, PromptAndTitleOfASeriesWithoutPoints) {
@@ -163,24 +164,22 @@ struct PaneTitle : PanePixels, testing::WithParamInterface<KindCase> {};
 
 TEST_P(PaneTitle, StandsAtEachOfItsPlaces) {
     const KindCase &row = GetParam();
-    host.setHistory("EURUSD", {{start, 1.1f, 1.4f, 1.0f, 1.3f, 1}, {start + hour, 1.2f, 1.5f, 1.0f, 1.25f, 1}});
+    host.setHistory("EURUSD",
+                    {{start, 1.1f, 1.4f, 1.0f, 1.3f, 1}, {start + hour, 1.2f, 1.5f, 1.0f, 1.25f, 1}});
     host.setTickHistory("EURUSD", {{start, 1.1f, 1}, {start + 5, 1.125f, 1}});
     ASSERT_TRUE(addHidden(row.drawKind, "EURUSD", 'I', row.length));
-    compare(titles(1), expected([&](QPainter &painter) {
-                title(painter, left() + 3, 1, row.text, row.twoColors);
-            }));
+    compare(titles(1),
+            expected([&](QPainter &painter) { title(painter, left() + 3, 1, row.text, row.twoColors); }));
     placeTitles(1);
     compare(titles(1), expected([&](QPainter &painter) {
                 title(painter, right() + 1 - titleWidth(row.text) - 6, 1, row.text, row.twoColors);
             }));
     placeTitles(2);
-    compare(titles(1), expected([&](QPainter &painter) {
-                title(painter, left(), 1, row.topText, row.twoColors);
-            }));
+    compare(titles(1),
+            expected([&](QPainter &painter) { title(painter, left(), 1, row.topText, row.twoColors); }));
     setFlag(9, false);
     placeTitles(0);
-    compare(titles(1),
-            expected([&](QPainter &painter) { title(painter, left() + 3, 1, row.text, false); }));
+    compare(titles(1), expected([&](QPainter &painter) { title(painter, left() + 3, 1, row.text, false); }));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -190,12 +189,35 @@ INSTANTIATE_TEST_SUITE_P(
                     KindCase{3, 90, "EUR/USD 1 Hour Bid (1.25000) ", "EUR/USD 1 Hour Bid (1.25000) ", false},
                     KindCase{5, 180, "EUR/USD 3 Hour Bid (1.25000) ", "EUR/USD 3 Hour Bid (1.25000) ", true},
                     KindCase{7, 1, "EUR/USD 1 Min Bid (1.25000) ", "EUR/USD 1 Min Bid (1.25000) ", false},
-                    KindCase{8, 60, "EURUSD (1.20000) ", "EURUSD", false},  // its first field is the open
+                    KindCase{8, 60, "EURUSD (1.20000) ", "EURUSD", false}, // its first field is the open
                     KindCase{10, 60, "EURUSD (1.20000) ", "EURUSD", false},
                     KindCase{1, 0, "EURUSD (1.12500) ", "EURUSD", false})); // ticks
 
+TEST_F(PanePixels, TitleOfMarksShowsTheirHighInTwoColours) {
+    setFlag(10, false);
+    setFlag(11, false);
+    apply();
+    FakeIndicator kind;
+    kind.name = kind.displayName = "Fractals";
+    kind.inputs = 0;
+    kind.outputs.push_back({"Up", 6, 3, 0, nullptr});
+    host.addIndicatorKind(kind);
+    host.addIndicator(chart, "Fractals");
+    FakeObject *object = host.lastObject();
+    ASSERT_TRUE(object);
+    object->array().setMarks({{start, 1.5f, 1.25f, 1, 0}, {start + hour, 1.625f, 1.375f, 2, 0}});
+    object->array().header()->precision = 4;
+    host.update(object, 1);
+    hide(object);
+    compare(titles(1),
+            expected([&](QPainter &painter) { title(painter, left() + 3, 1, "Up (1.6250) ", true); }));
+    placeTitles(2);
+    compare(titles(1), expected([&](QPainter &painter) { title(painter, left(), 1, "Up", true); }));
+}
+
 TEST_F(PanePixels, TitlesStandUnderEachOtherOrInARow) {
-    host.setHistory("EURUSD", {{start, 1.1f, 1.4f, 1.0f, 1.3f, 1}, {start + hour, 1.2f, 1.5f, 1.0f, 1.25f, 1}});
+    host.setHistory("EURUSD",
+                    {{start, 1.1f, 1.4f, 1.0f, 1.3f, 1}, {start + hour, 1.2f, 1.5f, 1.0f, 1.25f, 1}});
     ASSERT_TRUE(addHidden(1, "EURUSD"));
     FakeIndicator kind;
     kind.name = kind.displayName = "Twin";
@@ -243,9 +265,7 @@ TEST_F(PanePixels, NonTradingTimeIsToldInRed) {
     const int width = titleWidth(remark);
     for (const int place : {0, 1, 2}) {
         placeTitles(place);
-        const int x = place == 0   ? left() + 3
-                      : place == 1 ? right() + 1 - titleWidth(text) - 6
-                                   : left();
+        const int x = place == 0 ? left() + 3 : place == 1 ? right() + 1 - titleWidth(text) - 6 : left();
         const int remarkX = place == 1 ? x - width - 10 : x + titleWidth(text);
         compare(titles(1), expected([&](QPainter &painter) {
                     title(painter, x, 1, text, true);
@@ -271,8 +291,8 @@ TEST_P(PaneLastPrice, HasItsLineAndItsLabel) {
     ASSERT_TRUE(addHidden(1, "EUR"));
     const CRGraphLayer *layer = chart.handle->m_areas[0]->m_layers[0];
     const WindowView view(host, chart);
-    const int y = layer->m_rect.bottom() + 1 -
-                  static_cast<int>((1.31f - layer->m_min) * layer->m_yScale + 0.5);
+    const int y =
+        layer->m_rect.bottom() + 1 - static_cast<int>((1.31f - layer->m_min) * layer->m_yScale + 0.5);
     const int h = QFontMetrics(scaleFont()).height();
     const int width = onRight ? chart.handle->m_nRightScaleWidth : left();
     ASSERT_GT(width, 30);
@@ -284,7 +304,8 @@ TEST_P(PaneLastPrice, HasItsLineAndItsLabel) {
         painter.setFont(scaleFont());
         painter.setPen(Qt::white);
         const QString text("1.31000");
-        painter.drawText(onRight ? right() + 4 : left() - QFontMetrics(scaleFont()).horizontalAdvance(text) - 4,
+        painter.drawText(onRight ? right() + 4
+                                 : left() - QFontMetrics(scaleFont()).horizontalAdvance(text) - 4,
                          y + h / 2 - 2, text);
     });
     compare(box, wanted);
