@@ -118,6 +118,8 @@ ChartPane *MainWindow::newChart() {
     ChartPane *pane = m_deck->addChart();
     if (!pane)
         tell(Level::Error, tr("The chart module refused a new chart window."));
+    else
+        refreshCaptions(); // an empty chart has a name too
     return pane;
 }
 

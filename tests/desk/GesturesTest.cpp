@@ -114,6 +114,13 @@ TEST_F(DeskTest, TheCaptionTellsTheLastPriceOnceAChangedPeriodIsShown) {
     EXPECT_TRUE(before.contains('(')) << before.toStdString();
 }
 
+TEST_F(DeskTest, AnEmptyChartHasACaptionAtOnce) {
+    start(options());
+    const ChartPane *pane = window().newChart();
+    ASSERT_TRUE(pane);
+    EXPECT_TRUE(pane->caption().contains("Chart window")) << pane->caption().toStdString();
+}
+
 TEST_F(DeskTest, APriceButtonConvertsEveryChart) {
     start(options());
     settle();
