@@ -9,7 +9,7 @@ constexpr long secondsPerHour = 3600;
 constexpr qint64 julianDay1970 = 2440588;
 
 long floorDivide(long value, long by) {
-    return value >= 0 ? value / by : -((-value + by - 1) / by);
+    return value / by - (value % by < 0 ? 1 : 0);
 }
 
 QDate dateOf(long timeSec) {

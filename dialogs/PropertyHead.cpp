@@ -2,7 +2,6 @@
 
 #include <cstdlib>
 #include <memory>
-#include <utility>
 
 namespace {
 
@@ -65,8 +64,10 @@ void CPropertyHead::CopyPage(const PROPERTY_PAGE &page) {
     if (&page == &m_page)
         return;
     // Lists of the page may still have their entries in the items that go now: these go last.
-    PROPERTY_GROUP *const oldGroups = std::exchange(m_page.groups, nullptr);
-    const Word oldCount = std::exchange(m_page.groupCount, 0);
+    PROPERTY_GROUP *const oldGroups = m_page.groups;
+    const Word oldCount = m_page.groupCount;
+    m_page.groups = nullptr;
+    m_page.groupCount = 0;
     std::memcpy(m_page.title, page.title, sizeof m_page.title);
     std::memcpy(m_page.firstText, page.firstText, sizeof m_page.firstText);
     std::memcpy(m_page.secondText, page.secondText, sizeof m_page.secondText);

@@ -91,24 +91,24 @@ TEST_F(WindowPage, HasItsTitleAndDescription) {
 }
 
 TEST_F(WindowPage, HasThreeGroups) {
-    ASSERT_EQ(page.page->groupCount, 3u);
+    ASSERT_EQ(+page.page->groupCount, 3u);
     EXPECT_EQ(fieldText(page.page->groups[0].name), "General");
     EXPECT_EQ(fieldText(page.page->groups[1].name), "Time scale");
     EXPECT_EQ(fieldText(page.page->groups[2].name), "Default parameters");
-    ASSERT_EQ(page.page->groups[2].count, 1u);
+    ASSERT_EQ(+page.page->groups[2].count, 1u);
     EXPECT_EQ(fieldText(page.item(0, 2)->name), "Save as default");
     EXPECT_FALSE(page.flag(0, 2));
 }
 
 TEST_F(WindowPage, HasEighteenGeneralRows) {
-    ASSERT_EQ(page.page->groups[0].count, std::size(rows));
+    ASSERT_EQ(+page.page->groups[0].count, std::size(rows));
     for (std::size_t i = 0; i < std::size(rows); ++i) {
         const PROPERTY *item = page.item(static_cast<int>(i));
-        EXPECT_EQ(item->type, rows[i].type) << i;
+        EXPECT_EQ(+item->type, rows[i].type) << i;
         EXPECT_EQ(fieldText(item->name), rows[i].caption) << i;
         EXPECT_EQ(fieldText(item->description), rows[i].hint) << i;
-        EXPECT_EQ(item->group, 0u);
-        EXPECT_EQ(item->index, i);
+        EXPECT_EQ(+item->group, 0u);
+        EXPECT_EQ(+item->index, i);
     }
 }
 
@@ -116,16 +116,16 @@ TEST_F(WindowPage, HasTheDefaults) {
     EXPECT_EQ(page.value<propertyColor>(Background)->rgb & 0xFFFFFF, 0xFFFFFFu);
     EXPECT_EQ(page.value<propertyColor>(Grid)->rgb & 0xFFFFFF, 0xECE9D8u);
     EXPECT_EQ(page.value<propertyColor>(FontColor)->rgb & 0xFFFFFF, 0x7C7B68u);
-    EXPECT_EQ(page.value<propertyFont>(Font)->pointSize, 8);
+    EXPECT_EQ(+page.value<propertyFont>(Font)->pointSize, 8);
     EXPECT_EQ(fieldText(page.value<propertyFont>(Font)->family), "Arial");
-    EXPECT_EQ(page.value<propertyFont>(TitleFont)->pointSize, 7);
+    EXPECT_EQ(+page.value<propertyFont>(TitleFont)->pointSize, 7);
     const auto *space = page.value<propertyInt>(FreeSpace);
-    EXPECT_EQ(space->value, 30);
-    EXPECT_EQ(space->minimum, 0);
-    EXPECT_EQ(space->maximum, 1000);
+    EXPECT_EQ(+space->value, 30);
+    EXPECT_EQ(+space->minimum, 0);
+    EXPECT_EQ(+space->maximum, 1000);
     const auto *place = page.value<propertyList>(TitlePlace);
-    ASSERT_EQ(place->count, 3);
-    EXPECT_EQ(place->selected, 0);
+    ASSERT_EQ(+place->count, 3);
+    EXPECT_EQ(+place->selected, 0);
     EXPECT_EQ(fieldText(place->entries[0].text), "left");
     EXPECT_EQ(fieldText(place->entries[1].text), "right");
     EXPECT_EQ(fieldText(place->entries[2].text), "top");
@@ -163,7 +163,7 @@ TEST_F(WindowPage, PageOfAnotherShapeChangesNothing) {
     other.groupCount = 1;
     PROPERTY_CHANGE change{host.moduleInterface(), chart.handle, &other};
     EXPECT_EQ(host.send(ToModule::PageChanged, &change), 0);
-    EXPECT_EQ(page.page->groupCount, 3u);
+    EXPECT_EQ(+page.page->groupCount, 3u);
 
     const Word type = page.item(FreeSpace)->type;
     PROPERTY wrong = *page.item(FreeSpace);
@@ -175,15 +175,15 @@ TEST_F(WindowPage, PageOfAnotherShapeChangesNothing) {
     other = *page.page;
     other.groups = groups.data();
     EXPECT_EQ(host.send(ToModule::PageChanged, &change), 0);
-    EXPECT_EQ(page.item(FreeSpace)->type, type);
+    EXPECT_EQ(+page.item(FreeSpace)->type, type);
 }
 
 TEST_F(WindowPage, ValuesOutsideTheirRangeAreBroughtBack) {
     page.value<propertyInt>(FreeSpace)->value = 5000;
     page.value<propertyList>(TitlePlace)->selected = 17;
     page.apply();
-    EXPECT_EQ(page.value<propertyInt>(FreeSpace)->value, 1000);
-    EXPECT_EQ(page.value<propertyList>(TitlePlace)->selected, 0);
+    EXPECT_EQ(+page.value<propertyInt>(FreeSpace)->value, 1000);
+    EXPECT_EQ(+page.value<propertyList>(TitlePlace)->selected, 0);
 }
 
 TEST_F(WindowPage, SaveAsDefaultGoesBackToOff) {
@@ -303,7 +303,7 @@ TEST_F(WindowPage, LastCandleButtonChangesTheRow) {
     EXPECT_TRUE(page.flag(LastCandle));
     const auto changed = host.callsOf(ToHost::PageItemChanged);
     ASSERT_EQ(changed.size(), 1u);
-    EXPECT_EQ(fromWord<PROPERTY_PAGE>(changed[0].wParam)->pageId, page.page->pageId);
+    EXPECT_EQ(+fromWord<PROPERTY_PAGE>(changed[0].wParam)->pageId, +page.page->pageId);
     EXPECT_EQ(fromWord<PROPERTY>(changed[0].lParam), page.item(LastCandle));
     EXPECT_EQ(host.milestones, QStringList{"Last candle indicator"});
     EXPECT_NE(before, picture());
