@@ -7,6 +7,7 @@
 #include "objects/DrawTypes.h"
 
 #include <QPointer>
+#include <QScopeGuard>
 #include <algorithm>
 #include <new>
 
@@ -131,14 +132,14 @@ int CRIndicator::DeletePrimitive(int index) {
     leaveLayer(primitive);
     m_primitives.erase(m_primitives.begin() + index);
     const int left = GetPrimitiveCount();
-    // The caption goes to the host, which may take the window down: nothing of ours is used after it.
+    // The caption goes to the host, which may take the window down or throw: nothing of ours is used after it.
     QPointer<CRPrimitive> doomed(primitive);
+    const auto end = qScopeGuard([&doomed] { delete doomed.data(); });
     QPointer<CRGraphWidget> window(m_widget);
     if (window)
         window->UpdateTitle();
     if (window)
         window->ChangeDesktop();
-    delete doomed.data();
     return left;
 }
 
