@@ -1,11 +1,13 @@
 // Frames, quotes and rebuilds of the module beside a bare painter and two plotting libraries.
 #include "bench/BenchHost.h"
 #include "bench/Contenders.h"
+#include "bench/Engine.h"
 #include "bench/Report.h"
 #include "bench/TextMeasurements.h"
 
 #include <QApplication>
 #include <QDialog>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QTimer>
@@ -26,6 +28,12 @@ void moveMouse(Chart &chart, int step) {
     const QPoint at(300 + step % 500, 200 + step % 200);
     QMouseEvent event(QEvent::MouseMove, at, chart.window->mapToGlobal(at), Qt::NoButton, Qt::NoButton,
                       Qt::NoModifier);
+    QCoreApplication::sendEvent(chart.window, &event);
+}
+
+void hover(Chart &chart, int step) {
+    const QPoint at(100 + step * 7 % 1000, 40 + step * 3 % 600);
+    QHelpEvent event(QEvent::ToolTip, at, chart.window->mapToGlobal(at));
     QCoreApplication::sendEvent(chart.window, &event);
 }
 
@@ -160,6 +168,44 @@ void registerData() {
         for (auto _ : state)
             BenchHost::instance().quote(*chart, 0);
     });
+    const auto quoteOfTen = [](benchmark::State &state, const std::vector<corePointCandle> &bars) {
+        const Averages ten(bars, 10);
+        const auto chart = BenchHost::instance().makeChart(bars, 500);
+        for (const auto &line : ten.lines)
+            addAverage(*chart, line);
+        for (auto _ : state)
+            BenchHost::instance().quote(*chart, 0);
+    };
+    add("quote of a bar under 10 indicators/of 10 thousand", 5,
+        [=](benchmark::State &state) { quoteOfTen(state, few); });
+    add("quote of a bar under 10 indicators/of 1 million", 5,
+        [=](benchmark::State &state) { quoteOfTen(state, many); });
+
+    const auto engine = [](benchmark::State &state, const std::vector<corePointCandle> &bars) {
+        Engine ten(bars);
+        for (auto _ : state)
+            ten.quote();
+    };
+    add("quote through 10 indicators of the engine/of 10 thousand", 5,
+        [=](benchmark::State &state) { engine(state, few); });
+    add("quote through 10 indicators of the engine/of 1 million", 5,
+        [=](benchmark::State &state) { engine(state, many); });
+
+    // The tool tip asks every series whether it lies under the mouse.
+    const auto hitTest = [](benchmark::State &state, const std::vector<corePointCandle> &bars) {
+        const Averages lines(bars, 19);
+        const auto chart = BenchHost::instance().makeChart(bars, 500);
+        for (const auto &line : lines.lines)
+            addAverage(*chart, line);
+        BenchHost::instance().tick();
+        frame(*chart);
+        int step = 0;
+        for (auto _ : state)
+            hover(*chart, ++step);
+    };
+    add("hit test over 20 series/of 10 thousand", 5, [=](benchmark::State &state) { hitTest(state, few); });
+    add("hit test over 20 series/of 1 million", 5, [=](benchmark::State &state) { hitTest(state, many); });
+
     // Kind 1 rebuilds the axis at once.
     add("rebuild of a million positions/floor", 5, [](benchmark::State &state) {
         std::vector<long> axis;
