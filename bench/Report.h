@@ -5,15 +5,13 @@
 #include <string>
 #include <vector>
 
-// One line a case and contender: case,contender,median_ms,ratio_to_floor. Names are "case/contender".
+// One line a case and contender, as soon as it is measured: case,contender,median_ms,ratio_to_floor.
+// Names are "case/contender"; the first contender of a case is its floor.
 class Report : public benchmark::BenchmarkReporter {
 public:
-    bool ReportContext(const Context &) override { return true; }
+    bool ReportContext(const Context &) override;
     void ReportRuns(const std::vector<Run> &runs) override;
-    void print() const;
 
 private:
-    std::vector<std::string> m_cases;
-    std::map<std::string, std::map<std::string, std::vector<double>>> m_ms;
-    std::map<std::string, std::vector<std::string>> m_contenders;
+    std::map<std::string, double> m_floors; // by case, milliseconds
 };

@@ -66,9 +66,47 @@ struct Averages {
     std::vector<std::vector<ValuePoint>> lines;
 };
 
+void addAverages(Chart &chart, const Averages &averages) {
+    for (const auto &line : averages.lines)
+        addAverage(chart, line);
+    BenchHost::instance().tick();
+}
+
+// The chart of a case serves all its repetitions, for setting one up waits for the module's timer.
+class SharedChart {
+public:
+    void begin(const std::string &name) {
+        if (m_case != name)
+            m_chart.reset(); // the host serves one chart at a time
+        m_case = name;
+    }
+    void end() { m_chart.reset(); }
+
+    template <class SetUp>
+    Chart &get(const std::vector<corePointCandle> &bars, int visible, SetUp setUp) {
+        if (!m_chart) {
+            m_chart = BenchHost::instance().makeChart(bars, visible);
+            setUp(*m_chart);
+            frame(*m_chart);
+        }
+        return *m_chart;
+    }
+    Chart &get(const std::vector<corePointCandle> &bars, int visible) {
+        return get(bars, visible, [](Chart &) {});
+    }
+
+private:
+    std::string m_case;
+    std::unique_ptr<Chart> m_chart;
+} shared;
+
 template <class Body>
 void add(const std::string &name, int repetitions, Body body) {
-    benchmark::RegisterBenchmark(name.c_str(), [body](benchmark::State &state) { body(state); })
+    const auto run = [name, body](benchmark::State &state) {
+        shared.begin(name);
+        body(state);
+    };
+    benchmark::RegisterBenchmark(name.c_str(), run)
         ->Repetitions(repetitions)
         ->MinTime(0.05)
         ->Unit(benchmark::kMillisecond);
@@ -78,7 +116,7 @@ void registerFrames() {
     static const std::vector<corePointCandle> few = makeBars(10000), many = makeBars(1000000);
     for (const auto *bars : {&few, &many}) {
         for (int visible : {60, 500, 5000}) {
-            const std::string group = "frame, " + std::to_string(visible) + " candles of " +
+            const std::string group = "frame of " + std::to_string(visible) + " candles out of " +
                                       (bars == &few ? "10 thousand" : "1 million");
             add(group + "/floor", 7, [=](benchmark::State &state) {
                 const auto contender = makeFloor(*bars, visible);
@@ -86,10 +124,9 @@ void registerFrames() {
                     contender->frame();
             });
             add(group + "/velmar", 7, [=](benchmark::State &state) {
-                const auto chart = BenchHost::instance().makeChart(*bars, visible);
-                frame(*chart);
+                Chart &chart = shared.get(*bars, visible);
                 for (auto _ : state)
-                    frame(*chart);
+                    frame(chart);
             });
             add(group + "/qcustomplot", 7, [=](benchmark::State &state) {
                 const auto contender = makeQCustomPlot(*bars, visible);
@@ -105,23 +142,20 @@ void registerFrames() {
     }
 
     static const Averages ten(few, 10);
-    const std::string lines = "frame, 500 candles and 10 indicators";
+    const std::string lines = "frame of 500 candles and 10 indicators";
     add(lines + "/floor", 7, [](benchmark::State &state) {
         const auto contender = makeFloor(few, 500, ten.lines);
         for (auto _ : state)
             contender->frame();
     });
     add(lines + "/velmar", 7, [](benchmark::State &state) {
-        const auto chart = BenchHost::instance().makeChart(few, 500);
-        for (const auto &line : ten.lines)
-            addAverage(*chart, line);
-        BenchHost::instance().tick();
+        Chart &chart = shared.get(few, 500, [](Chart &made) { addAverages(made, ten); });
         if (BenchHost::instance().seriesCount() != 11)
             state.SkipWithError("the chart does not hold ten indicators");
         if (qEnvironmentVariableIsSet("VELMAR_BENCH_PICTURE"))
-            chart->window->grab().save(qEnvironmentVariable("VELMAR_BENCH_PICTURE"));
+            chart.window->grab().save(qEnvironmentVariable("VELMAR_BENCH_PICTURE"));
         for (auto _ : state)
-            frame(*chart);
+            frame(chart);
     });
     add(lines + "/qcustomplot", 7, [](benchmark::State &state) {
         const auto contender = makeQCustomPlot(few, 500, ten.lines);
@@ -134,47 +168,42 @@ void registerFrames() {
             contender->frame();
     });
 
-    const std::string mouse = "mouse move with the cross, 5000 candles and 3 indicators";
+    static const Averages three(few, 3);
+    const std::string mouse = "mouse move with the cross over 5000 candles and 3 indicators";
     const auto crossed = [](benchmark::State &state, bool move) {
         BenchHost &host = BenchHost::instance();
-        const auto chart = host.makeChart(few, 5000);
-        for (int i = 0; i < 3; ++i)
-            addAverage(*chart, ten.lines[i]);
+        Chart &chart = shared.get(few, 5000, [](Chart &made) { addAverages(made, three); });
         host.setCross(true);
-        host.tick();
-        frame(*chart);
+        frame(chart);
         int step = 0;
         for (auto _ : state) {
             if (move)
-                moveMouse(*chart, ++step);
+                moveMouse(chart, ++step);
             else
-                frame(*chart);
+                frame(chart);
         }
         host.setCross(false);
     };
-    add(mouse + "/floor", 7, [=](benchmark::State &state) { crossed(state, false); }); // the full frame
-    add(mouse + "/velmar", 7, [=](benchmark::State &state) { crossed(state, true); });
+    add(mouse + "/whole frame", 7, [=](benchmark::State &state) { crossed(state, false); });
+    add(mouse + "/move", 7, [=](benchmark::State &state) { crossed(state, true); });
 }
 
 void registerData() {
     static const std::vector<corePointCandle> few = makeBars(10000), many = makeBars(1000000);
     add("quote of an existing bar/of 10 thousand", 5, [](benchmark::State &state) {
-        const auto chart = BenchHost::instance().makeChart(few, 500);
+        Chart &chart = shared.get(few, 500);
         for (auto _ : state)
-            BenchHost::instance().quote(*chart, 0);
+            BenchHost::instance().quote(chart, 0);
     });
     add("quote of an existing bar/of 1 million", 5, [](benchmark::State &state) {
-        const auto chart = BenchHost::instance().makeChart(many, 500);
+        Chart &chart = shared.get(many, 500);
         for (auto _ : state)
-            BenchHost::instance().quote(*chart, 0);
+            BenchHost::instance().quote(chart, 0);
     });
     const auto quoteOfTen = [](benchmark::State &state, const std::vector<corePointCandle> &bars) {
-        const Averages ten(bars, 10);
-        const auto chart = BenchHost::instance().makeChart(bars, 500);
-        for (const auto &line : ten.lines)
-            addAverage(*chart, line);
+        Chart &chart = shared.get(bars, 500, [&](Chart &made) { addAverages(made, Averages(bars, 10)); });
         for (auto _ : state)
-            BenchHost::instance().quote(*chart, 0);
+            BenchHost::instance().quote(chart, 0);
     };
     add("quote of a bar under 10 indicators/of 10 thousand", 5,
         [=](benchmark::State &state) { quoteOfTen(state, few); });
@@ -193,15 +222,12 @@ void registerData() {
 
     // The tool tip asks every series whether it lies under the mouse.
     const auto hitTest = [](benchmark::State &state, const std::vector<corePointCandle> &bars) {
-        const Averages lines(bars, 19);
-        const auto chart = BenchHost::instance().makeChart(bars, 500);
-        for (const auto &line : lines.lines)
-            addAverage(*chart, line);
-        BenchHost::instance().tick();
-        frame(*chart);
+        Chart &chart = shared.get(bars, 500, [&](Chart &made) { addAverages(made, Averages(bars, 19)); });
+        if (BenchHost::instance().seriesCount() != 20)
+            state.SkipWithError("the chart does not hold 20 series");
         int step = 0;
         for (auto _ : state)
-            hover(*chart, ++step);
+            hover(chart, ++step);
     };
     add("hit test over 20 series/of 10 thousand", 5, [=](benchmark::State &state) { hitTest(state, few); });
     add("hit test over 20 series/of 1 million", 5, [=](benchmark::State &state) { hitTest(state, many); });
@@ -222,9 +248,9 @@ void registerData() {
         }
     });
     add("rebuild of a million positions/velmar", 5, [](benchmark::State &state) {
-        const auto chart = BenchHost::instance().makeChart(many, 500);
+        Chart &chart = shared.get(many, 500);
         for (auto _ : state)
-            BenchHost::instance().quote(*chart, 1);
+            BenchHost::instance().quote(chart, 1);
     });
 }
 
@@ -261,7 +287,7 @@ int main(int argc, char **argv) {
     registerData();
     Report report;
     benchmark::RunSpecifiedBenchmarks(&report);
-    report.print();
+    shared.end();
     printCounts();
     return 0;
 }
