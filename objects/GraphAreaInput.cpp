@@ -27,7 +27,10 @@ struct Placed {
     int layer;
 };
 
+// The lines of one indicator belong together, whatever the host calls them.
 bool sameSeries(const CRPrimitive &a, const CRPrimitive &b) {
+    if (a.m_pIndicator == b.m_pIndicator)
+        return false;
     const mvDataPointArray *first = a.GetArray();
     const mvDataPointArray *second = b.GetArray();
     if (!first || !second)

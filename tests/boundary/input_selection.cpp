@@ -1,5 +1,6 @@
 // Selecting lines of indicators, the locator over several panes, and the cross cursor's labels.
 #include "tests/boundary/InputDriver.h"
+#include "tests/boundary/instruments_view.h"
 
 #include <QMenu>
 #include <QToolButton>
@@ -177,4 +178,67 @@ TEST_F(Selection, TheSelectMenuListsTheSeriesAndDeselect) {
         return;
     }
     FAIL() << "no select button";
+}
+
+TEST_F(Selection, LinesOfOneNameStayTogether) {
+    FakeIndicator twins = indicatorKind("TWINS", 3, 1, {"same", "same"});
+    twins.outputs[0].value = [](const std::vector<float> &, int) { return 70.0f; };
+    twins.outputs[1].value = [](const std::vector<float> &, int) { return 30.0f; };
+    host.addIndicatorKind(twins);
+    Chart other = host.createChart();
+    host.addInstrument(other, "EURUSD");
+    host.addIndicator(other, "TWINS");
+    host.tick();
+    host.grab(other);
+    scrollBarOf(other)->setValue(500);
+    host.grab(other);
+    const CRGraphLayer *layer = other.handle->m_areas.back()->m_layers[0];
+    const QRect plot = layer->m_rect;
+    const int row = plot.bottom() - static_cast<int>((70.0f - layer->m_min) * layer->m_yScale);
+    Mouse(other).click(QPoint(plot.center().x(), row));
+    const ChartView view = viewOf(other);
+    ASSERT_EQ(view.series.size(), 3u);
+    EXPECT_FALSE(view.series[0].selected);
+    EXPECT_TRUE(view.series[1].selected);
+    EXPECT_TRUE(view.series[2].selected);
+}
+
+TEST(SelectionOfDuplicates, TheOneFurtherBackIsLetGo) {
+    for (const bool sameLayer : {false, true}) {
+        FakeHost host;
+        Chart chart = host.createChart();
+        FakeObject *first = host.addInstrument(chart, "EURUSD");
+        host.onDialog([sameLayer](QDialog *dialog) {
+            QTreeWidget *tree = treeOf(dialog);
+            tree->setCurrentItem(tree->topLevelItem(sameLayer ? 0 : tree->topLevelItemCount() - 1));
+            dialog->accept();
+        });
+        FakeObject *second = host.addInstrument(chart, "EURUSD");
+        ASSERT_TRUE(second);
+        host.tick();
+        host.grab(chart);
+        ASSERT_EQ(viewOf(chart).series[1].layer, sameLayer ? 0 : 1);
+        pressKey(chart, Qt::Key_A, Qt::ControlModifier);
+        host.clearTraffic();
+        Mouse(chart).press(QPoint(300, 500), Qt::LeftButton, Qt::ControlModifier);
+        const std::vector<Call> calls = host.callsOf(3092);
+        ASSERT_EQ(calls.size(), 1u);
+        EXPECT_EQ(static_cast<Word>(calls[0].wParam), (sameLayer ? first : second)->handle);
+    }
+}
+
+TEST(SelectionOfDuplicates, AnotherPeriodOrTypeIsNone) {
+    FakeHost host;
+    Chart chart = host.createChart();
+    host.addInstrument(chart, "EURUSD");
+    host.onDialog([](QDialog *dialog) { dialog->accept(); });
+    host.addInstrument(chart, "EURUSD", 'I', 240);
+    host.onDialog([](QDialog *dialog) { dialog->accept(); });
+    host.addInstrument(chart, "EURUSD", 'I', 60, "Ask");
+    host.tick();
+    host.grab(chart);
+    pressKey(chart, Qt::Key_A, Qt::ControlModifier);
+    host.clearTraffic();
+    Mouse(chart).press(QPoint(300, 500), Qt::LeftButton, Qt::ControlModifier);
+    EXPECT_EQ(host.count(3092), 3);
 }
