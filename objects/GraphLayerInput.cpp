@@ -39,15 +39,15 @@ CRGraphLayer *CRGraphLayer::ScaleOwner(SCALE_TYPE type) const {
     return type == LEFT_SCALE && layers.size() > 1 ? layers[1] : layers[0];
 }
 
-// The scale follows the data again.
+// The options that a stretch took from the window come back.
 void CRGraphLayer::FreeScaleEnds() {
+    if (!m_freeScale)
+        return;
     CRGraphWidget *widget = GetWidget();
-    if (m_freeScale) {
-        widget->m_tradeInSelfTuning = m_savedTradeInSelfTuning;
-        widget->m_candleInSelfTuning = m_savedCandleInSelfTuning;
-        m_freeScale = false;
-        widget->RefreshPropertyPage();
-    }
+    widget->m_tradeInSelfTuning = m_savedTradeInSelfTuning;
+    widget->m_candleInSelfTuning = m_savedCandleInSelfTuning;
+    m_freeScale = false;
+    widget->RefreshPropertyPage();
 }
 
 void CRGraphLayer::mousePressEvent(QMouseEvent *event) {
@@ -145,9 +145,8 @@ void CRGraphLayer::mouseDoubleClickEvent(QMouseEvent *event) {
     const bool onRight = ScaleStrip(RIGHT_SCALE).contains(event->pos());
     const bool onLeft = ScaleStrip(LEFT_SCALE).contains(event->pos());
     if (onRight || onLeft) {
-        CRGraphLayer *owner = ScaleOwner(onRight ? RIGHT_SCALE : LEFT_SCALE);
-        owner->SetDataScaleSelfTuning(true);
-        owner->FreeScaleEnds();
+        ScaleOwner(onRight ? RIGHT_SCALE : LEFT_SCALE)->SetDataScaleSelfTuning(true);
+        FreeScaleEnds();
         if (!self)
             return;
         widget->update();
