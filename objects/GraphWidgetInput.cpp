@@ -56,8 +56,8 @@ int CRGraphWidget::IndexUnderCursor(int x) const {
     if (layer->m_rect.width() <= 0)
         return layer->m_nFirstPos;
     const int points = layer->m_nScreenPoints;
-    const double share = (x - layer->m_rect.left() + 0.5 * layer->m_candleStep) / layer->m_rect.width();
-    return qBound(0, static_cast<int>(points * share), points) + layer->m_nFirstPos;
+    const double offset = x - layer->m_rect.left() + 0.5 * layer->m_candleStep;
+    return qBound(0, static_cast<int>(points * offset / layer->m_rect.width()), points) + layer->m_nFirstPos;
 }
 
 // ---- press ----
@@ -232,11 +232,11 @@ void CRGraphWidget::ReleaseLeft(QMouseEvent *event) {
     update();
 }
 
-// A rubber band that is wide enough becomes the view.
+// A rubber band that is wide enough becomes the view, unless its series have gone meanwhile.
 void CRGraphWidget::FinishRange() {
     if (m_rangeStart > m_rangeEnd)
         std::swap(m_rangeStart, m_rangeEnd);
-    if (m_rangeEnd - m_rangeStart <= leastRangeSpread || !m_pScrollBar)
+    if (m_rangeEnd - m_rangeStart <= leastRangeSpread || !m_pScrollBar || !GetAnyPrimitiveLayer())
         return;
     const QPointer<CRGraphWidget> self(this);
     const int points = m_rangeEnd - m_rangeStart + 1;

@@ -1,5 +1,6 @@
 // The keys of a chart window, one by one.
 #include "tests/boundary/InputDriver.h"
+#include "tests/boundary/instruments_view.h"
 
 #include <gtest/gtest.h>
 
@@ -177,6 +178,43 @@ TEST_F(Keys, AnUnknownKeyChangesNothing) {
     pressKey(chart, Qt::Key_B);
     EXPECT_EQ(bar->value(), value);
     EXPECT_TRUE(host.milestones.isEmpty());
+}
+
+TEST_F(Keys, EveryKeyRebuildsThePositionsOnce) {
+    for (const int key : {Qt::Key_B, Qt::Key_A, Qt::Key_Escape, Qt::Key_Home, Qt::Key_Delete, Qt::Key_F5}) {
+        const int before = chart.handle->m_nUpdateCount;
+        pressKey(chart, key);
+        EXPECT_EQ(chart.handle->m_nUpdateCount, before + 1) << key;
+    }
+}
+
+TEST_F(Keys, AKeyWithoutASelectionSaysThereIsOne) {
+    chart.handle->m_pressHadSelection = false;
+    pressKey(chart, Qt::Key_A);
+    EXPECT_TRUE(chart.handle->m_pressHadSelection);
+    EXPECT_FALSE(viewOf(chart).series[0].selected);
+    pressKey(chart, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_TRUE(viewOf(chart).series[0].selected);
+}
+
+TEST_F(Keys, NothingIsTakenWhileAWorkspaceLoads) {
+    chart.handle->m_loading = true;
+    const int value = bar->value();
+    host.clearTraffic();
+    Mouse mouse(chart);
+    pressKey(chart, Qt::Key_Plus);
+    pressKey(chart, Qt::Key_Home);
+    pressKey(chart, Qt::Key_N);
+    mouse.doubleClick(QPoint(400, 300));
+    mouse.press(QPoint(400, 300), Qt::MiddleButton);
+    mouse.wheel(120);
+    QEvent enter(QEvent::Enter);
+    QCoreApplication::sendEvent(chart.widget, &enter);
+    mouse.leave();
+    EXPECT_EQ(host.hostCalls(), 0);
+    EXPECT_EQ(bar->value(), value);
+    EXPECT_EQ(bar->pageStep(), 60);
+    chart.handle->m_loading = false;
 }
 
 TEST_F(Keys, WithAutoScrollOnTheViewComesBack) {

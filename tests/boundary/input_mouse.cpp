@@ -1,5 +1,6 @@
 // Gestures of the mouse on a chart window.
 #include "tests/boundary/InputDriver.h"
+#include "tests/boundary/instruments_view.h"
 
 #include <QLabel>
 #include <QSlider>
@@ -430,5 +431,244 @@ TEST_F(Gestures, ATesterChartTakesTheFocusAndKeepsNoAutoScroll) {
         if (static_cast<QAbstractButton *>(button)->toolTip() == "Auto scroll") {
             EXPECT_FALSE(button->isEnabled());
         }
+    }
+}
+
+TEST_F(Gestures, ADoubleClickSendsItsMessagesInOrder) {
+    const QPoint candle = onCandle();
+    ASSERT_FALSE(candle.isNull());
+    for (const bool tester : {false, true}) {
+        Mouse mouse(chart);
+        mouse.click(candle);
+        chart.handle->m_sysTesterChart = tester;
+        host.clearTraffic();
+        QMouseEvent twice(QEvent::MouseButtonDblClick, candle, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(chart.widget, &twice);
+        EXPECT_EQ(traffic(host), tester ? (std::vector<unsigned>{10041, 3048})
+                                        : (std::vector<unsigned>{10041, 3092, 10041, 3048}));
+        for (const Call &call : host.callsOf(10041)) {
+            EXPECT_EQ(call.wParam, 0);
+            EXPECT_EQ(call.lParam, 0);
+        }
+        for (const unsigned message : {3048u, 3092u}) {
+            for (const Call &call : host.callsOf(message))
+                EXPECT_EQ(static_cast<Word>(call.wParam), series->handle);
+        }
+        mouse.release(candle);
+    }
+    chart.handle->m_sysTesterChart = false;
+}
+
+TEST_F(Gestures, APressThatSelectsSendsItsMessagesInOrder) {
+    const QPoint candle = onCandle();
+    ASSERT_FALSE(candle.isNull());
+    Mouse mouse(chart);
+    host.clearTraffic();
+    mouse.press(candle);
+    EXPECT_EQ(traffic(host), (std::vector<unsigned>{3500, 3500, 3092}));
+    EXPECT_EQ(host.callsOf(3500)[0].wRecord.size(), 264);
+    EXPECT_TRUE(chart.handle->m_pressHadSelection);
+    EXPECT_TRUE(chart.handle->m_dragCandidate);
+    EXPECT_FALSE(chart.handle->m_rangeSelecting);
+    mouse.release(candle);
+    EXPECT_FALSE(chart.handle->m_dragCandidate);
+    mouse.press(beside(400));
+    EXPECT_FALSE(chart.handle->m_dragCandidate);
+    EXPECT_TRUE(chart.handle->m_rangeSelecting);
+}
+
+TEST_F(Gestures, ADragCandidateEndsAfterSixPixels) {
+    const QPoint candle = onCandle();
+    ASSERT_FALSE(candle.isNull());
+    Mouse mouse(chart);
+    mouse.press(candle);
+    mouse.move(candle + QPoint(2, 3));
+    EXPECT_TRUE(chart.handle->m_dragCandidate);
+    mouse.move(candle + QPoint(3, 3));
+    EXPECT_FALSE(chart.handle->m_dragCandidate);
+    mouse.release(candle);
+}
+
+TEST_F(Gestures, TheSeriesGoesInTheMiddleOfABand) {
+    Mouse mouse(chart);
+    mouse.press(beside(600));
+    mouse.move(beside(500));
+    pressKey(chart, Qt::Key_A, Qt::ControlModifier);
+    pressKey(chart, Qt::Key_Delete);
+    ASSERT_TRUE(chart.handle->m_indicators.empty());
+    mouse.move(beside(400));
+    mouse.release(beside(400));
+    EXPECT_FALSE(chart.handle->m_rangeSelecting);
+    EXPECT_EQ(bar->pageStep(), 60);
+    host.addInstrument(chart, "EURUSD");
+    host.tick();
+    EXPECT_EQ(bar->pageStep(), 60);
+}
+
+TEST_F(Gestures, TheIndexUnderTheCursor) {
+    const CRGraphLayer *layer = chart.handle->m_areas[0]->m_layers[0];
+    const QRect plot = layer->m_rect;
+    Mouse mouse(chart);
+    for (int x = plot.left() - 20; x <= plot.right() + 20; ++x) {
+        mouse.press(beside(x));
+        const double n = layer->m_nScreenPoints;
+        const int raw = static_cast<int>(n * (x - plot.left() + 0.5 * layer->m_candleStep) /
+                                         (plot.right() - plot.left() + 1));
+        EXPECT_EQ(chart.handle->m_rangeStart, qBound(0, raw, 60) + layer->m_nFirstPos) << x;
+        EXPECT_EQ(chart.handle->m_rangeEnd, chart.handle->m_rangeStart);
+        mouse.release(beside(x));
+    }
+}
+
+TEST_F(Gestures, ABandShowsExactlyItsPositions) {
+    Mouse mouse(chart);
+    mouse.press(beside(200));
+    mouse.move(beside(420));
+    const int start = chart.handle->m_rangeStart, end = chart.handle->m_rangeEnd;
+    ASSERT_GT(end - start, 8);
+    mouse.release(beside(420));
+    EXPECT_EQ(bar->pageStep(), end - start + 1);
+    EXPECT_EQ(bar->value(), end + 1);
+    EXPECT_EQ(chart.handle->m_areas[0]->m_layers[0]->m_nScreenPoints, end - start + 1);
+}
+
+TEST_F(Gestures, EightIsNoZoomAndNineIs) {
+    for (const int spread : {8, 9}) {
+        Mouse mouse(chart);
+        int x = 300;
+        mouse.press(beside(x));
+        while (chart.handle->m_rangeEnd - chart.handle->m_rangeStart < spread)
+            mouse.move(beside(++x));
+        mouse.release(beside(x));
+        EXPECT_EQ(bar->pageStep(), spread == 8 ? 60 : 10);
+    }
+}
+
+TEST_F(Gestures, TheTopRowsOfTheFirstPaneGripItsBorder) {
+    const struct {
+        int row;
+        bool grips;
+    } cases[] = {{4, true}, {5, false}};
+    for (const auto &step : cases) {
+        Mouse mouse(chart);
+        mouse.press(QPoint(400, step.row));
+        EXPECT_EQ(bool(chart.handle->m_areas[0]->m_resizing), step.grips) << step.row;
+        EXPECT_NE(chart.widget->cursor().shape(), Qt::SplitVCursor);
+        mouse.move(QPoint(400, 200));
+        mouse.release(QPoint(400, 200));
+        EXPECT_FALSE(chart.handle->m_areas[0]->m_resizing);
+    }
+    EXPECT_EQ(chart.handle->m_areas[0]->m_heightShare, 1.0f);
+}
+
+TEST_F(Gestures, TheSplitCursorStandsOnFourRowsOnly) {
+    pressKey(chart, Qt::Key_N);
+    host.grab(chart);
+    const QRect lower = chart.handle->m_areas[1]->m_rect;
+    const struct {
+        QPoint point;
+        bool split;
+    } cases[] = {{QPoint(400, lower.top() - 1), false},
+                 {QPoint(400, lower.top()), true},
+                 {QPoint(400, lower.top() + 4), true},
+                 {QPoint(400, lower.top() + 5), false},
+                 {QPoint(lower.left() + 3, lower.top() + 2), true},
+                 {QPoint(lower.left() + 2, lower.top() + 2), false},
+                 {QPoint(lower.right() - 3, lower.top() + 2), true},
+                 {QPoint(lower.right() - 2, lower.top() + 2), false}};
+    Mouse mouse(chart);
+    for (const auto &step : cases) {
+        mouse.move(step.point);
+        EXPECT_EQ(chart.widget->cursor().shape() == Qt::SplitVCursor, step.split)
+            << step.point.x() << ' ' << step.point.y();
+        EXPECT_EQ(chart.handle->m_overSplitter, step.split);
+    }
+    mouse.press(QPoint(400, lower.top() + 2)); // without a move before: a band and the border together
+    EXPECT_TRUE(chart.handle->m_areas[1]->m_resizing);
+    mouse.release(QPoint(400, lower.top() + 2));
+}
+
+TEST_F(Gestures, AnArmedToolShapesTheCursorInEachPane) {
+    pressKey(chart, Qt::Key_N); // an empty pane
+    host.grab(chart);
+    host.toolState.armed = 1;
+    Mouse mouse(chart);
+    mouse.move(QPoint(400, 100));
+    EXPECT_EQ(chart.widget->cursor().shape(), Qt::BitmapCursor);
+    EXPECT_EQ(chart.widget->cursor().hotSpot(), QPoint(0, 0));
+    mouse.move(QPoint(400, chart.handle->m_areas[1]->m_rect.top() + 2));
+    EXPECT_EQ(chart.widget->cursor().shape(), Qt::ForbiddenCursor);
+    EXPECT_FALSE(chart.handle->m_overSplitter);
+    host.toolState.armed = 0;
+}
+
+TEST_F(Gestures, AToolIsArmedByTheAnswerAndTheRecordTogether) {
+    const struct {
+        Word armed;
+        int result;
+        bool keeps;
+    } cases[] = {{0, 1, false}, {1, 0, false}, {1, 1, true}, {7, -1, true}};
+    const QPoint candle = onCandle();
+    for (const auto &step : cases) {
+        Mouse(chart).click(candle);
+        host.answer(3500, [&step](void *, int wParam, int) {
+            fromWord<mwiStateLsButton>(wParam)->armed = step.armed;
+            return step.result;
+        });
+        // An armed press lets the selection stand, any other one lets it go.
+        Mouse(chart).click(beside(400));
+        EXPECT_EQ(viewOf(chart).series[0].selected, step.keeps) << step.armed << ' ' << step.result;
+        host.answer(3500, nullptr);
+    }
+}
+
+TEST_F(Gestures, TheCrossCursorBlanksEveryChart) {
+    Chart other = host.createChart();
+    Mouse mouse(chart);
+    mouse.press(beside(300), Qt::MiddleButton);
+    const Call told = host.callsOf(3555).at(0);
+    EXPECT_EQ(told.wParam, 1);
+    EXPECT_EQ(chart.widget->cursor().shape(), Qt::BlankCursor);
+    EXPECT_EQ(other.widget->cursor().shape(), Qt::BlankCursor);
+    mouse.release(beside(300), Qt::MiddleButton);
+    mouse.press(beside(300), Qt::MiddleButton);
+    EXPECT_EQ(chart.widget->cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(other.widget->cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(host.count(3555), 2);
+}
+
+TEST_F(Gestures, ARightPressChoosesThePane) {
+    pressKey(chart, Qt::Key_N);
+    host.grab(chart);
+    for (int pane = 0; pane < 2; ++pane) {
+        host.clearTraffic();
+        const QPoint point = chart.handle->m_areas[static_cast<std::size_t>(pane)]->m_rect.center();
+        Mouse mouse(chart);
+        mouse.press(point, Qt::RightButton);
+        EXPECT_EQ(chart.handle->m_nSelectedArea, pane);
+        mouse.release(point, Qt::RightButton);
+        EXPECT_EQ(host.count(3500), 0);
+    }
+    Mouse(chart).press(QPoint(1, 100), Qt::RightButton); // on the scale: as it was
+    EXPECT_EQ(chart.handle->m_nSelectedArea, 1);
+}
+
+TEST_F(Gestures, TheStatusBarIsEmptyBesideThePlots) {
+    ASSERT_NE(host.timeLabel, nullptr);
+    const int left = chart.handle->m_nLeftScaleWidth;
+    const int right = chart.widget->width() - chart.handle->m_nRightScaleWidth;
+    const int height = chart.widget->height();
+    const struct {
+        QPoint point;
+        bool empty;
+    } cases[] = {{QPoint(left, 100), false},  {QPoint(left - 1, 100), true},     {QPoint(right, 100), false},
+                 {QPoint(right + 1, 100), true}, {QPoint(400, 15), false},       {QPoint(400, 14), true},
+                 {QPoint(400, height - 39), true}};
+    Mouse mouse(chart);
+    for (const auto &step : cases) {
+        mouse.move(QPoint(400, 300));
+        ASSERT_FALSE(host.timeLabel->text().isEmpty());
+        mouse.move(step.point);
+        EXPECT_EQ(host.timeLabel->text().isEmpty(), step.empty) << step.point.x() << ' ' << step.point.y();
     }
 }
