@@ -184,9 +184,11 @@ CRPrimitive *CRIndicator::GetAnyVisible() const {
     return nullptr;
 }
 
+// A hidden line may have kept its mark from before: it does not count.
 bool CRIndicator::IsSomeSelected() const {
-    return std::any_of(m_primitives.begin(), m_primitives.end(),
-                       [](const CRPrimitive *primitive) { return primitive->IsSelected(); });
+    return std::any_of(m_primitives.begin(), m_primitives.end(), [](const CRPrimitive *primitive) {
+        return primitive->m_bVisible && primitive->IsSelected();
+    });
 }
 
 bool CRIndicator::IsInvisible() const {

@@ -77,6 +77,16 @@ TEST(Indicator, FindsANameThatFillsItsField) {
               shown.indicator[0]);
 }
 
+TEST(Indicator, CountsTheSelectionOfVisibleLinesOnly) {
+    Shown shown({"A", "B"});
+    EXPECT_FALSE(shown.indicator.IsSomeSelected());
+    shown.indicator.Select(true);
+    shown.indicator[0]->SetSelected(false);
+    EXPECT_TRUE(shown.indicator.IsSomeSelected());
+    shown.indicator[1]->m_bVisible = 0;
+    EXPECT_FALSE(shown.indicator.IsSomeSelected());
+}
+
 TEST(Indicator, MasksTheLinesThatArePresent) {
     CRIndicator indicator(nullptr, nullptr);
     EXPECT_EQ(indicator.GetPrimitiveMask(), 0);
