@@ -4,6 +4,7 @@
 #include "module/HostMessages.h"
 #include "module/Module.h"
 
+#include <QApplication>
 #include <QSlider>
 #include <QToolButton>
 
@@ -11,16 +12,17 @@ namespace HostCalls {
 
 namespace {
 
-// A result above this cannot be a plain answer code.
-constexpr Word largestCode = 65535;
-
-// A host widget comes back in the out word, or as the result.
+// A host widget comes back in the out word, or as the result, which may also be a plain code.
 QWidget *hostWidget(void *component, unsigned message) {
     Word address = 0;
-    const Word result = static_cast<Word>(GetModule()->Send(component, message, 1, &address));
-    if (address == 0 && result > largestCode)
-        address = result;
-    return fromWord<QWidget>(address);
+    const int result = GetModule()->Send(component, message, 1, &address);
+    if (address != 0 || result == 0)
+        return fromWord<QWidget>(address);
+    for (QWidget *widget : QApplication::allWidgets()) {
+        if (toWord(widget) == result)
+            return widget;
+    }
+    return nullptr;
 }
 
 } // namespace

@@ -38,7 +38,7 @@ FakeHost *FakeHost::current() {
     return g_current;
 }
 
-FakeHost::FakeHost(Stage stage, const QString &library) {
+FakeHost::FakeHost(Stage stage, const QString &library, Word firstHandle) : m_nextHandle(firstHandle) {
     setUp();
     load(library);
     advance(stage);

@@ -108,7 +108,8 @@ struct LocatorItem {
 class FakeHost {
 public:
     enum Stage { Loaded, Initialized, Created, Started, Running }; // what the constructor does, up to
-    explicit FakeHost(Stage stage = Running, const QString &library = QString());
+    explicit FakeHost(Stage stage = Running, const QString &library = QString(),
+                      Word firstHandle = 0x01000001);
     // A module that is linked into the test program; it outlives the host and is not unloaded.
     struct Entry {
         int (*getModuleInfo)(MODULE_INFO *);
@@ -161,8 +162,8 @@ public:
     std::vector<FakeObject *> objects();
     void appendBar(FakeObject *object, const Bar &bar); // and recomputes what is built on it
     void changeLastBar(FakeObject *object, const Bar &bar);
-    void update(FakeObject *object, int kind = 0); // 3009 to every subscriber
-    void update(FakeObject *object, const Chart &chart, int kind);
+    int update(FakeObject *object, int kind = 0); // 3009 to every subscriber; the last result
+    int update(FakeObject *object, const Chart &chart, int kind);
     void recompute(FakeObject *object);
 
     // ---- what the host shows ----

@@ -223,7 +223,8 @@ void FakeHost::changeLastBar(FakeObject *object, const Bar &bar) {
     }
 }
 
-void FakeHost::update(FakeObject *object, int kind) {
+int FakeHost::update(FakeObject *object, int kind) {
+    int result = 0;
     const std::multiset<CRGraphWidget *> subscribers = object->subscribers;
     CRGraphWidget *last = nullptr;
     for (CRGraphWidget *widget : subscribers) {
@@ -232,17 +233,18 @@ void FakeHost::update(FakeObject *object, int kind) {
         last = widget;
         Chart chart;
         chart.handle = widget;
-        update(object, chart, kind);
+        result = update(object, chart, kind);
     }
+    return result;
 }
 
-void FakeHost::update(FakeObject *object, const Chart &chart, int kind) {
+int FakeHost::update(FakeObject *object, const Chart &chart, int kind) {
     bytes::Record record(790);
     std::memcpy(record.data(), &object->name, sizeof object->name);
     bytes::put<Word>(record.data(), 774, object->handle);
     bytes::put<Word>(record.data(), 782, static_cast<Word>(toWord(chart.handle)));
     bytes::put<int>(record.data(), 786, kind);
-    send(ToModule::UpdateData, record.data());
+    return send(ToModule::UpdateData, record.data());
 }
 
 void FakeHost::changeArray(Word handle, const coreNameInstrument &name) {

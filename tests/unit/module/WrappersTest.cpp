@@ -4,6 +4,7 @@
 #include "module/HostMessages.h"
 #include "tests/unit/module/RecordingHost.h"
 
+#include <QToolButton>
 #include <gtest/gtest.h>
 
 namespace {
@@ -228,10 +229,13 @@ TEST(HostCalls, WindowsComeInTheOutWordOrAsTheResult) {
     out = 0x123450;
     EXPECT_EQ(toWord(HostCalls::zoomSlider(handle(1))), 0x123450);
     out = 0;
-    result = 0x543210;
-    EXPECT_EQ(toWord(HostCalls::toolButton(handle(1), ToHost::ZoomInButton)), 0x543210);
-    result = 65535;
-    EXPECT_EQ(HostCalls::toolButton(handle(1), ToHost::ZoomInButton), nullptr);
+    QToolButton button;
+    result = toWord(&button);
+    EXPECT_EQ(HostCalls::toolButton(handle(1), ToHost::ZoomInButton), &button);
+    for (const int code : {1, -1, 65535, 0x543210}) {
+        result = code;
+        EXPECT_EQ(HostCalls::toolButton(handle(1), ToHost::ZoomInButton), nullptr) << code;
+    }
 }
 
 TEST(HostCalls, ProviderIsTheSecondNameOrTheOnlyOne) {
