@@ -2,6 +2,7 @@
 #include "tests/support/FakeHost.h"
 
 #include <QDialog>
+#include <QToolButton>
 #include <gtest/gtest.h>
 
 namespace {
@@ -94,27 +95,107 @@ TEST(Traffic, OfAWindowAheadOfTheStart) {
                                     "3110:Velmar Game Mode", "3110:Velmar Competition Mode", "3112"}));
 }
 
-TEST(Traffic, WindowMessagesGoToTheMainWindow) {
-    FakeHost host;
-    Chart chart = host.createChart();
+// Which of the host's interfaces answers a message; the core without one.
+const char *answeredBy(unsigned message) {
+    if (message == 4023)
+        return "CANDLE";
+    if ((message >= 3500 && message < 3600) || message == 5008 || message == 5033 ||
+        (message > 10000 && message < 10100))
+        return "MAINWINDOW";
+    if (message == 7000 || message == 7001)
+        return "STATUSBAR";
+    if (message >= 6500 && message <= 6502)
+        return "MVINDICATORS";
+    if (message == 12002)
+        return "MvDealingHistory";
+    return message >= 16000 ? "DEALING" : nullptr;
+}
+
+// From the start to the end, with nearly all that a chart can ask.
+void wholeRun(FakeHost &host) {
+    host.send(3004u);
+    host.send(3066u);
+    Chart chart = host.createChart(QSize(400, 300));
     host.addInstrument(chart, "EURUSD");
-    const int mainWindow = static_cast<int>(host.interfaceOf("MAINWINDOW"));
-    host.clearTraffic();
-    host.createBareChart();
-    host.send(5009u, chart.handle);
-    host.send(3553u, 0);
+    host.addIndicator(chart, "Bollinger");
+    host.addIndicator(chart, "CHF+EUR");
+    host.tick();
+    host.grab(chart);
+    for (QToolButton *button : chart.widget->findChildren<QToolButton *>()) {
+        if (button->toolTip() == "Extend chart left edge")
+            button->click();
+    }
+    host.send(3553u);
+    host.send(3545u, 2);
+    bytes::Record window(8);
+    bytes::put<Word>(window.data(), 4, static_cast<Word>(toWord(chart.handle)));
+    int reload[2] = {0, 3};
+    host.send(3518u, window.data(), reload);
+    bytes::Record account(300);
+    bytes::put<Word>(account.data(), 0, host.interfaceOf("DEALING"));
+    host.emitEvent("DealingEvent", 16048, account.data(), 300);
+    host.reportSymbols = {"GBPUSD"};
+    host.onDialog([](QDialog *dialog) { dialog->accept(); });
+    bytes::Record report(806);
+    EXPECT_EQ(host.send(12001u, chart.handle, report.data()), 0);
+    QMetaObject::invokeMethod(chart.widget, "OnShowProperties");
     host.send(5004u, chart.handle);
+}
+
+TEST(Traffic, EveryMessageGoesToItsTarget) {
+    FakeHost host(FakeHost::Created);
+    wholeRun(host);
+    std::set<QString> asked;
     for (const Call &call : host.calls()) {
         if (!call.toHost)
             continue;
-        const bool ofWindow = (call.message >= 3500 && call.message < 4000) || call.message == 5008 ||
-                              call.message == 5033 || call.message >= 10000;
-        const int indicators = static_cast<int>(host.interfaceOf("MVINDICATORS"));
-        const int wanted = ofWindow                   ? mainWindow
-                           : call.message / 100 == 65 ? indicators
-                                                      : static_cast<int>(host.coreHandle());
-        EXPECT_EQ(toWord(call.target), wanted) << call.message;
+        const Word target = static_cast<Word>(toWord(call.target));
+        if (call.message == 3061) { // the maker of the object, whichever it is
+            EXPECT_EQ(target, host.object(static_cast<Word>(call.wParam))->maker);
+            continue;
+        }
+        const char *by = answeredBy(call.message);
+        EXPECT_EQ(target, by ? host.interfaceOf(by) : host.coreHandle()) << call.message;
+        asked.insert(by ? by : "core");
     }
+    EXPECT_EQ(asked, (std::set<QString>{"core", "CANDLE", "DEALING", "MAINWINDOW", "MVINDICATORS",
+                                        "MvDealingHistory", "STATUSBAR"}));
+}
+
+// A handle in the first word is one that the host has given out for an object.
+TEST(Traffic, ObjectsAreNamedByTheirHandles) {
+    FakeHost host(FakeHost::Created);
+    wholeRun(host);
+    int named = 0;
+    for (const Call &call : host.calls()) {
+        switch (call.toHost ? call.message : 0) {
+        case 3013:
+        case 3014:
+        case 3042:
+        case 3043:
+        case 3045:
+        case 3046:
+        case 3048:
+        case 3051:
+        case 3052:
+        case 3055:
+        case 3058:
+        case 3061:
+        case 3093:
+        case 3119:
+        case 3130:
+        case 3131:
+        case 3135:
+        case 3152:
+        case 12002:
+            EXPECT_TRUE(host.object(static_cast<Word>(call.wParam))) << call.message;
+            ++named;
+            break;
+        default:
+            break;
+        }
+    }
+    EXPECT_GT(named, 50);
 }
 
 TEST(Traffic, OfTheFocus) {

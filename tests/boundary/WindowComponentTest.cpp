@@ -82,6 +82,22 @@ TEST(Resize, TakesTheSizeOfTheParentsParent) {
     EXPECT_EQ(chart.widget->size(), QSize(777, 555));
 }
 
+TEST(Resize, WithoutAParentsParentChangesNothing) {
+    FakeHost host;
+    QWidget parent;
+    parent.resize(300, 200);
+    for (const Word id : {Word(0), static_cast<Word>(parent.winId())}) {
+        bytes::Record data(16);
+        bytes::put<Word>(data.data(), 0, id);
+        ASSERT_EQ(host.send(5003u, data.data()), 0);
+        auto *chart = fromWord<QWidget>(bytes::u32(data.data(), 8));
+        chart->resize(210, 140);
+        EXPECT_EQ(host.send(5005u, static_cast<const void *>(chart)), 0);
+        EXPECT_EQ(chart->size(), QSize(210, 140));
+        EXPECT_EQ(host.send(5004u, static_cast<const void *>(chart)), 0);
+    }
+}
+
 TEST(Show, LogsAndRepaints) {
     FakeHost host;
     Chart chart = host.createChart();
@@ -260,6 +276,34 @@ TEST(SelectObject, ClearsTheResultByte) {
     EXPECT_EQ(bytes::u8(record.data(), 8), 0);
 }
 
+TEST(SelectObject, AnUnknownWindowHasNoStudy) {
+    FakeHost host;
+    bytes::Record record(9);
+    bytes::put<unsigned char>(record.data(), 8, 1);
+    EXPECT_EQ(host.send(5024u, 0x1234, record.data()), 0);
+    EXPECT_EQ(bytes::u8(record.data(), 8), 0);
+}
+
+TEST(OwnerOfObject, IsTheFirstWindowOfSeveral) {
+    FakeHost host;
+    bytes::Record record(16);
+    bytes::put<Word>(record.data(), 0, 0x5A5A5A5A);
+    EXPECT_EQ(host.send(5025u, record.data()), 1); // no window at all
+    const Chart first = host.createChart();
+    const Chart second = host.createChart();
+    FakeObject *euro = host.addInstrument(first, "EURUSD");
+    ASSERT_EQ(host.addInstrument(second, "EURUSD"), euro);
+    for (const void *object :
+         {fromWord<const void>(euro->handle), static_cast<const void *>(euro->array().header())}) {
+        bytes::put<const void *>(record.data(), 4, object);
+        EXPECT_EQ(host.send(5025u, record.data()), 0);
+        EXPECT_EQ(bytes::u32(record.data(), 12), static_cast<Word>(toWord(first.handle)));
+    }
+    bytes::put<Word>(record.data(), 4, 0);
+    EXPECT_EQ(host.send(5025u, record.data()), 1);
+    EXPECT_EQ(bytes::u32(record.data(), 0), 0x5A5A5A5Au);
+}
+
 TEST(OwnerOfObject, IsTheWindowThatHoldsIt) {
     FakeHost host;
     Chart first = host.createChart();
@@ -321,6 +365,37 @@ TEST(Names, SixteenBitNameAndIcon) {
     EXPECT_EQ(bytes::text16(again.data(), 0, 500), "Chart window");
     EXPECT_EQ(bytes::i32(again.data(), 1008), size - 1);
     EXPECT_EQ(small[0], 0x55);
+}
+
+TEST(Names, AreCutToTheirFields) {
+    FakeHost host;
+    host.translations["G0019"] = QString(600, 'n');
+    bytes::Record narrow(512);
+    std::vector<char> icon(64 * 1024);
+    bytes::put<Word>(narrow.data(), 500, 0x5A5A5A5A);
+    bytes::put<void *>(narrow.data(), 504, icon.data());
+    EXPECT_EQ(host.send(5001u, narrow.data()), 0);
+    EXPECT_EQ(bytes::text8(narrow.data(), 0, 512), QString(500, 'n'));
+    EXPECT_EQ(bytes::u32(narrow.data(), 500), 0x5A5A5A00u); // the zero is one byte
+    bytes::Record wide(1012);
+    EXPECT_EQ(host.send(5022u, wide.data()), 0);
+    EXPECT_EQ(bytes::text16(wide.data(), 0, 506), QString(500, 'n'));
+}
+
+TEST(Names, AnIconThatJustFitsIsCopied) {
+    FakeHost host;
+    bytes::Record narrow(512);
+    std::vector<char> icon(64 * 1024);
+    bytes::put<void *>(narrow.data(), 504, icon.data());
+    host.send(5001u, narrow.data());
+    const int size = bytes::i32(narrow.data(), 508);
+    std::vector<char> room(static_cast<std::size_t>(size), 0x55);
+    bytes::Record wide(1012);
+    bytes::put<void *>(wide.data(), 1004, room.data());
+    bytes::put<int>(wide.data(), 1008, size);
+    EXPECT_EQ(host.send(5022u, wide.data()), 0);
+    EXPECT_EQ(bytes::i32(wide.data(), 1008), size);
+    EXPECT_EQ(std::memcmp(room.data(), icon.data(), room.size()), 0);
 }
 
 TEST(Names, DataMessageDoesNothing) {
@@ -474,6 +549,15 @@ TEST(PageChanged, RefusesOwnersThatAreNotThere) {
     const Word gone = static_cast<Word>(toWord(chart.handle));
     host.deleteChart(chart);
     bytes::put<Word>(change.data(), 4, gone);
+    EXPECT_EQ(host.send(10054u, change.data()), 1);
+}
+
+TEST(PageChanged, ThePageOfTheTradeModuleIsTaken) {
+    FakeHost host;
+    bytes::Record change(12);
+    bytes::put<void *>(change.data(), 4, host.subscriberOf("DealingEvent"));
+    EXPECT_EQ(host.send(10054u, change.data()), 0);
+    bytes::put<void *>(change.data(), 4, host.moduleObject);
     EXPECT_EQ(host.send(10054u, change.data()), 1);
 }
 
