@@ -167,7 +167,7 @@ int CRGraphModule::CoreReceiveEvent(int wParam, int) {
     if (!event || event->interfaceHandle != static_cast<Word>(toWord(m_interfaceHandle)))
         return 1;
     if (event->subscriber == &m_tradeModule) {
-        m_hasTradeData = m_tradeModule.GetTradeData(false);
+        m_hasTradeData = m_tradeModule.Update(event);
         for (std::size_t i = 0; i < m_widgets.size(); ++i) {
             if (!m_widgets[i]->m_bHidden)
                 m_widgets[i]->UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);

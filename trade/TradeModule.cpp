@@ -62,6 +62,21 @@ void CTradeModule::SubscribeEvents() {
     m_module->SendCore(ToHost::SubscribeEvent, &record, 0);
 }
 
+// An account that comes or goes brings its day-off table along; without its record it is ignored.
+bool CTradeModule::Update(MVEvent *event) {
+    const bool connected = event->code == EventCode::AccountsConnected;
+    bool accounts = m_module->m_hasTradeData;
+    if (connected || event->code == EventCode::AccountsDisconnected) {
+        if (event->size <= 0 || !event->data)
+            return accounts;
+        accounts = GetTradeData(connected);
+        m_module->UpdateDayoffStatusForAccount(static_cast<mvdDealAccount *>(event->data),
+                                               !connected && !accounts);
+    }
+    m_module->UpdateAllTradeData();
+    return accounts;
+}
+
 // No accounts are kept, so there is never anything to draw.
 bool CTradeModule::GetTradeData(bool) {
     return false;

@@ -21,6 +21,7 @@ public:
     void GetDealingInterface();
     void GetInterfacesList();
     void SubscribeEvents();
+    bool Update(MVEvent *event);    // an event of the dealing side; whether there are accounts
     bool GetTradeData(bool notify); // whether there are accounts
     const std::vector<void *> &Interfaces() const { return m_interfaces; }
 

@@ -93,6 +93,49 @@ TEST(DayOff, IsFetchedForTheAccountOfTheEvent) {
     EXPECT_EQ(bytes::i32(host.callsOf(16027).front().lRecord.constData(), 0), 2);
 }
 
+TEST(DayOff, IsFetchedForAccountsThatComeAndGo) {
+    FakeHost host;
+    const Word dealing = host.interfaceOf("DEALING");
+    bytes::Record account(300);
+    bytes::put<Word>(account.data(), 0, dealing);
+    bytes::put<Word>(account.data(), 4, 78);
+    const std::pair<Word, int> fetched[] = {{16002, 1}, {16003, 1}, {16048, 1}, {16008, 0}, {16016, 0}};
+    for (const auto &[code, count] : fetched) {
+        host.clearTraffic();
+        host.emitEvent("DealingEvent", code, account.data(), 300);
+        EXPECT_EQ(host.count(16026), count) << code;
+        EXPECT_EQ(host.callsOf(3114, false).back().result, 0) << code;
+        if (count > 0) {
+            EXPECT_EQ(toWord(host.callsOf(16026).front().target), static_cast<int>(dealing)) << code;
+            EXPECT_EQ(host.callsOf(16026).front().wParam, 78) << code;
+        }
+        host.clearTraffic();
+        host.emitEvent("DealingEvent", code, nullptr, 300);
+        host.emitEvent("DealingEvent", code, account.data(), 0);
+        EXPECT_EQ(host.count(16026), 0) << code;
+    }
+}
+
+TEST(Events, OfTheDealingSideRenewTheTradeData) {
+    FakeHost host;
+    Chart chart = host.createChart();
+    bytes::Record account(300);
+    for (const Word code : {16002u, 16003u, 16010u, 16048u}) {
+        host.log.clear();
+        host.emitEvent("DealingEvent", code, account.data(), 300);
+        QStringList lines;
+        for (const LogLine &line : host.log) {
+            if (line.text.contains("|GraphModule|"))
+                lines += line.text.section('|', -1);
+        }
+        EXPECT_EQ(lines, QStringList({"1170", "248", "254", "257"})) << code;
+    }
+    host.log.clear();
+    host.emitEvent("DealingEvent", 16002);
+    for (const LogLine &line : host.log)
+        EXPECT_FALSE(line.text.endsWith("|GraphModule|248"));
+}
+
 TEST(DayOff, NeedsAccountDataAndTheTradeModule) {
     FakeHost host;
     bytes::Record account(300);

@@ -39,6 +39,25 @@ TEST(Modes, ExcludeEachOther) {
     EXPECT_FALSE(module.IsGameMode());
 }
 
+// With the last account its symbols trade again, whatever its table says.
+TEST(DayOff, GoesWithTheLastAccount) {
+    LinkedHost host;
+    mvdDayOff closed = zeroRecord<mvdDayOff>();
+    fillField(closed.symbol, "AUDCAD");
+    closed.dayOff = 1;
+    host.dayOff[79] = {closed};
+    mvdDealAccount account = zeroRecord<mvdDealAccount>();
+    account.interfaceHandle = host.interfaceOf("DEALING");
+    account.account = 79;
+    host.emitEvent("DealingEvent", 16002, &account, sizeof account);
+    EXPECT_TRUE(module.IsDayOff("AUDCAD"));
+    host.emitEvent("DealingEvent", 16003, &account, sizeof account);
+    EXPECT_FALSE(module.IsDayOff("AUDCAD"));
+    host.emitEvent("DealingEvent", 16048, &account, sizeof account);
+    EXPECT_TRUE(module.IsDayOff("AUDCAD"));
+    module.m_dayOff.clear();
+}
+
 TEST(CrossCursor, IsStoredByTheHostsMessage) {
     LinkedHost host;
     module.m_crossCursor = 0;
