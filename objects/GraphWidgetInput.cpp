@@ -304,7 +304,10 @@ void CRGraphWidget::wheelEvent(QWheelEvent *event) {
     if (event->modifiers() & Qt::AltModifier)
         steps *= 10;
     if (event->modifiers() & Qt::ControlModifier) {
+        const QPointer<CRGraphWidget> self(this);
         QSlider *slider = GetZoomSlider();
+        if (!self)
+            return;
         if (slider && isVisible() && m_bCurrent) {
             slider->setValue(slider->value() + steps);
             return;

@@ -248,6 +248,17 @@ TEST_F(Keys, WithoutASliderControlWheelScrolls) {
     EXPECT_EQ(bar->value(), start - 1);
 }
 
+TEST_F(Keys, TheWindowGoesInTheMiddleOfAWheel) {
+    host.setInterruption([&](const Call &call) {
+        if (call.message == 3552 && chart.handle)
+            host.deleteChart(chart);
+    });
+    Mouse(chart).wheel(120, Qt::ControlModifier);
+    host.setInterruption(nullptr);
+    EXPECT_FALSE(chart.widget);
+    EXPECT_EQ(host.slider->value(), -60);
+}
+
 TEST_F(Keys, AHostThatDeletesTheWindowAtAnyCall) {
     for (const int key : {Qt::Key_Plus, Qt::Key_Left, Qt::Key_Escape, Qt::Key_Delete, Qt::Key_N}) {
         for (int nth = 1; nth <= 6; ++nth) {
