@@ -30,8 +30,7 @@ bool Util::Point::InLine(const QRect &line, const QPoint &point, int tolerance) 
     const double dy = y1 - y2;
     if (dx == 0) // upright: the distance across the line is that in x, which is within the tolerance
         return tolerance > 0;
-    // In whole pixels: the end's extra pixel must not bring a point nearer to a level line.
-    const double length = std::floor(std::sqrt(dx * dx + dy * dy));
+    const double length = std::sqrt(dx * dx + dy * dy);
     const int lineY = toPixel(dy * (point.x() - x2) / dx + y2 + 0.5);
     return tolerance > std::fabs(dx * (point.y() - lineY) / length);
 }

@@ -34,8 +34,10 @@ INSTANTIATE_TEST_SUITE_P(
                     LineCase{"the end is one pixel further", origin, {200, 100}, {206, 100}, 5, true},
                     LineCase{"past that", origin, {200, 100}, {207, 100}, 5, false},
                     LineCase{"4 pixels above the middle", origin, {200, 100}, {150, 96}, 5, true},
-                    LineCase{"5 pixels above the first end", origin, {200, 100}, {100, 95}, 5, false},
-                    LineCase{"5 pixels across the middle", origin, {200, 100}, {150, 105}, 5, false},
+                    LineCase{"4 pixels above the last end", origin, {200, 100}, {200, 96}, 5, true},
+                    LineCase{"5 rows off are a trace less across", origin, {200, 100}, {100, 95}, 5, true},
+                    LineCase{"on either side", origin, {200, 100}, {150, 105}, 5, true},
+                    LineCase{"6 pixels above the first end", origin, {200, 100}, {100, 94}, 5, false},
                     LineCase{"6 pixels across the middle", origin, {200, 100}, {150, 106}, 5, false},
                     LineCase{"from right to left", {200, 100}, origin, {150, 100}, 5, true},
                     LineCase{"no tolerance, no hit", origin, {200, 100}, {150, 100}, 0, false}));
@@ -64,6 +66,9 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(LineCase{"on it", origin, {200, 200}, {150, 150}, 5, true},
                     LineCase{"6 rows off are 4 across", origin, {200, 200}, {150, 156}, 5, true},
                     LineCase{"8 rows off are more than 5 across", origin, {200, 200}, {150, 158}, 5, false},
+                    LineCase{"7 rows off are less than 5 across", origin, {109, 109}, {105, 112}, 5, true},
+                    LineCase{"13 rows off are exactly 5 across", origin, {104, 111}, {100, 113}, 5, false},
+                    LineCase{"and 12 are less", origin, {104, 111}, {100, 112}, 5, true},
                     LineCase{"the other way", {200, 100}, {100, 200}, {150, 150}, 5, true},
                     LineCase{"far off", {200, 100}, {100, 200}, {110, 110}, 5, false}));
 
