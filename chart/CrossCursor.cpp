@@ -16,11 +16,11 @@ constexpr QRgb crossColor = 0x999999;
 constexpr int textGap = 4;
 
 // The layer whose plot holds a point: the first with something on it.
-const CRGraphLayer *findLayerByPoint(const std::vector<CRGraphArea *> &areas, const QPoint &point) {
+CRGraphLayer *findLayerByPoint(const std::vector<CRGraphArea *> &areas, const QPoint &point) {
     for (const CRGraphArea *area : areas) {
         if (!area->m_rect.contains(point))
             continue;
-        for (const CRGraphLayer *layer : area->m_layers) {
+        for (CRGraphLayer *layer : area->m_layers) {
             if (!layer->m_primitives.empty() && layer->m_rect.contains(point))
                 return layer;
         }
@@ -35,14 +35,18 @@ QPoint CRGraphWidget::CursorPos() const {
     return m_bMouseKnown ? m_mousePos : mapFromGlobal(QCursor::pos());
 }
 
-// Keys can move the chart under a resting mouse: the read-out follows.
+// Keys can move the chart under a resting mouse: the read-out follows. A zoom is painted later than this, so
+// the layers take the new view first.
 void CRGraphWidget::UpdateCrossCursor() {
     if (!m_module->IsCrossCursorMode() || m_overSplitter || !m_pTimeScale)
         return;
     const QPoint cursor = CursorPos();
+    CRGraphLayer *layer = findLayerByPoint(m_areas, cursor);
+    for (CRGraphLayer *read : {GetAnyPrimitiveLayer(), layer})
+        if (read)
+            read->UpdatePaintProperties(QRect(read->m_rect));
     const long time = m_pTimeScale->GetPointTime(cursor);
     m_crossDateText = isAxisTime(time) ? timeText(time, "G0ddMMyyyyhhmmss") : QString();
-    const CRGraphLayer *layer = findLayerByPoint(m_areas, cursor);
     m_crossPriceText =
         layer ? QString::asprintf("%0.*f", decimalsOf(layer->m_tick), layer->CalcPrice(cursor.y()))
               : QString();
