@@ -297,6 +297,8 @@ int FakeHost::defaultAnswer(void *target, unsigned message, int wParam, int lPar
     if (!known)
         result = answerObject(message, wParam, lParam, &(known = true));
     if (!known)
+        result = answerIdentity(message, wParam, lParam, &(known = true));
+    if (!known)
         result = answerWindow(message, wParam, lParam, &(known = true));
     if (!known)
         result = answerEngine(target, message, wParam, lParam, &(known = true));

@@ -261,6 +261,7 @@ private:
     void registerDefaults();
     int answerCore(unsigned message, int wParam, int lParam, bool *known);
     int answerObject(unsigned message, int wParam, int lParam, bool *known);
+    int answerIdentity(unsigned message, int wParam, int lParam, bool *known);
     int answerWindow(unsigned message, int wParam, int lParam, bool *known);
     int answerEngine(void *target, unsigned message, int wParam, int lParam, bool *known);
     bool matches(const NamedInterface &item, const coreNameInterface &names) const;
