@@ -30,7 +30,8 @@ QString timeAt(int position) {
 
 // The value at a row, with the decimals of the series.
 QString priceAt(const CRGraphLayer *layer, int row) {
-    const double price = static_cast<double>(layer->m_rect.bottom() + 1 - row) / layer->m_yScale + layer->m_min;
+    const double price =
+        static_cast<double>(layer->m_rect.bottom() + 1 - row) / layer->m_yScale + layer->m_min;
     return QString::asprintf("%.5f", price);
 }
 
@@ -74,8 +75,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         LocatorLine{"candle", 1, 1.30, ":\n OPEN=1.31000\n HIGH=1.32000\n LOW=1.28000\n CLOSE=1.29000"},
         LocatorLine{"bar", 2, 1.30, ":\n OPEN=1.31000\n HIGH=1.32000\n LOW=1.28000\n CLOSE=1.29000"},
-        LocatorLine{"wide candle", 5, 1.30,
-                    ":\n OPEN=1.31000\n HIGH=1.32000\n LOW=1.28000\n CLOSE=1.29000"},
+        LocatorLine{"wide candle", 5, 1.30, ":\n OPEN=1.31000\n HIGH=1.32000\n LOW=1.28000\n CLOSE=1.29000"},
         LocatorLine{"line", 3, 1.29, ":\n CLOSE=1.29000"},
         LocatorLine{"dots", 7, 1.29, ":\n CLOSE=1.29000"}));
 
@@ -114,7 +114,8 @@ TEST_P(LocatorOutputs, OfAnIndicator) {
 
 INSTANTIATE_TEST_SUITE_P(Locator, LocatorOutputs,
                          testing::Values(OutputLine{"line", 4, 0, PT_LINE, 0.5, ":\n VALUE=0.50000"},
-                                         OutputLine{"histogram", 4, 1, PT_HISTOGRAM, 0.4, ":\n VALUE=0.50000"},
+                                         OutputLine{"histogram", 4, 1, PT_HISTOGRAM, 0.4,
+                                                    ":\n VALUE=0.50000"},
                                          OutputLine{"dots", 8, 0, PT_DOTS, 0.5, ":\n VALUE=0.50000"},
                                          OutputLine{"pattern", 10, 0, PT_PATTERN, 0.5, nullptr}));
 
