@@ -180,7 +180,7 @@ INSTANTIATE_TEST_SUITE_P(
                     ScaleCase{"no digits, millions", 0, 2500000.0f, -1200000.0f, 600, true},
                     ScaleCase{"on both sides of zero", 3, 0.8f, -0.9f, 500, true},
                     ScaleCase{"below zero", 2, -5.5f, -80.25f, 500, true},
-                    ScaleCase{"a low pane", 0, 1940.0f, 1010.0f, 136, true}));
+                    ScaleCase{"a low pane", 0, 2900.0f, 990.0f, 136, true}));
 
 TEST_F(ScalePixels, SecondLayerHasItsOwnLabelsOnTheLeft) {
     const ScaleCase row{"two layers", 5, 1.32f, 1.28f, 600, true};
