@@ -316,3 +316,136 @@ TEST_F(ZoomAndScroll, TheBandOfAMoveIsThatOfAFullFrame) {
     mouse.leave();
     mouse.release(QPoint(210, 557));
 }
+
+// ---- hosts whose slider is another one ----
+
+namespace {
+
+// A host gives its slider in the out word or as the result, and takes its changes back at once, later or
+// never.
+enum class Echo { AtOnce, Later, Never };
+
+class ZoomSliders : public testing::TestWithParam<Echo> {
+protected:
+    ZoomSliders() {
+        QObject::connect(&slider, &QSlider::valueChanged, [this](int value) {
+            if (GetParam() == Echo::AtOnce)
+                host.send(3552u, 0, value);
+            else if (GetParam() == Echo::Later)
+                queue.push_back(value);
+        });
+        host.answer(3552, [this](void *, int, int lParam) {
+            bytes::put<QSlider *>(fromWord<void>(lParam), 0, &slider);
+            return 0;
+        });
+        host.setHistory("EURUSD", makeBars(500));
+        chart = host.createChart();
+        host.addInstrument(chart, "EURUSD");
+        host.tick();
+        bar = scrollBarOf(chart);
+        workOff();
+    }
+    void workOff() {
+        while (!queue.empty()) {
+            const int value = queue.front();
+            queue.erase(queue.begin());
+            host.send(3552u, 0, value);
+        }
+        host.settle();
+    }
+
+    std::vector<int> queue;
+    QSlider slider; // with the range of a new slider, 0 to 99
+    FakeHost host;
+    Chart chart;
+    QScrollBar *bar = nullptr;
+};
+
+} // namespace
+
+TEST_P(ZoomSliders, ShowTheWindowAndLeaveItsZoomAlone) {
+    EXPECT_EQ(slider.minimum(), -530);
+    EXPECT_EQ(slider.value(), -60);
+    EXPECT_EQ(bar->pageStep(), 60);
+    const int expected[] = {46, 35, 26, 20, 15, 11, 10, 10};
+    for (const int points : expected) {
+        host.send(3550u);
+        workOff();
+        EXPECT_EQ(bar->pageStep(), points);
+        EXPECT_EQ(slider.value(), -points);
+    }
+    host.send(3551u);
+    workOff();
+    EXPECT_EQ(bar->pageStep(), 13);
+    EXPECT_EQ(slider.value(), -13);
+    host.tick();
+    workOff();
+    EXPECT_EQ(bar->pageStep(), 13);
+}
+
+TEST_P(ZoomSliders, AUsersDragZooms) {
+    host.send(3552u, 8, slider.value());
+    slider.setValue(-200);
+    if (GetParam() == Echo::Never)
+        host.send(3552u, 0, -200);
+    workOff();
+    EXPECT_EQ(bar->pageStep(), 200);
+    EXPECT_EQ(slider.value(), -200);
+    EXPECT_EQ(slider.minimum(), -530);
+    EXPECT_EQ(slider.maximum(), -10);
+}
+
+TEST_P(ZoomSliders, AnotherWindowInFrontShowsItsOwnZoom) {
+    host.setHistory("GBPUSD", makeBars(100));
+    Chart other = host.createChart();
+    host.addInstrument(other, "GBPUSD");
+    host.tick();
+    workOff();
+    host.send(3552u, 0, -30);
+    workOff();
+    EXPECT_EQ(scrollBarOf(other)->pageStep(), 30);
+    host.send(5009u, chart.handle);
+    workOff();
+    EXPECT_EQ(slider.minimum(), -530);
+    EXPECT_EQ(slider.value(), -60);
+    host.send(3552u, 0, -300);
+    workOff();
+    host.send(5009u, other.handle);
+    workOff();
+    EXPECT_EQ(slider.value(), -30);
+    EXPECT_EQ(scrollBarOf(other)->pageStep(), 30);
+    EXPECT_EQ(bar->pageStep(), 300);
+}
+
+INSTANTIATE_TEST_SUITE_P(OfOtherHosts, ZoomSliders, testing::Values(Echo::AtOnce, Echo::Later, Echo::Never));
+
+TEST_F(ZoomAndScroll, AHostMayChangeItsSlider) {
+    addSeries();
+    auto second = std::make_unique<QSlider>();
+    host.answer(3552, [&second](void *, int, int lParam) {
+        bytes::put<QSlider *>(fromWord<void>(lParam), 0, second.get());
+        return 0;
+    });
+    host.send(5009u, chart.handle);
+    EXPECT_EQ(second->minimum(), -530);
+    EXPECT_EQ(second->value(), -60);
+    host.send(3550u);
+    EXPECT_EQ(second->value(), -46);
+    EXPECT_EQ(host.slider->value(), -60);
+    second = std::make_unique<QSlider>();
+    host.send(3550u);
+    EXPECT_EQ(bar->pageStep(), 35);
+}
+
+TEST_F(ZoomAndScroll, WithoutASliderTheWindowZooms) {
+    addSeries();
+    host.hasWidgets = false;
+    host.send(3550u);
+    EXPECT_EQ(bar->pageStep(), 46);
+    host.send(3552u, 0, -90);
+    EXPECT_EQ(bar->pageStep(), 90);
+    host.tick();
+    Mouse(chart).wheel(120, Qt::ControlModifier); // no slider: it scrolls
+    EXPECT_EQ(bar->pageStep(), 90);
+    EXPECT_EQ(host.slider->value(), -60);
+}

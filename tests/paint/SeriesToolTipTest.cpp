@@ -71,16 +71,85 @@ TEST_P(TipTexts, CharacterByCharacter) {
 INSTANTIATE_TEST_SUITE_P(
     ToolTip, TipTexts,
     testing::Values(
-        TipText{1, 'I', 60,
-                "\n1/1/2014\n4:00:00\nOpen 1.31000\nHigh 1.32000\nLow 1.28000\nClose 1.29000"},
+        TipText{1, 'I', 60, "\n1/1/2014\n4:00:00\nOpen 1.31000\nHigh 1.32000\nLow 1.28000\nClose 1.29000"},
         TipText{1, 'D', 1, "\n1/5/2014\nOpen 1.31000\nHigh 1.32000\nLow 1.28000\nClose 1.29000"},
-        TipText{2, 'I', 60,
-                "\n1/1/2014\n4:00:00\nOpen 1.31000\nHigh 1.32000\nLow 1.28000\nClose 1.29000"},
-        TipText{5, 'I', 60,
-                "\n1/1/2014\n4:00:00\nOpen 1.31000\nHigh 1.32000\nLow 1.28000\nClose 1.29000"},
+        TipText{2, 'I', 60, "\n1/1/2014\n4:00:00\nOpen 1.31000\nHigh 1.32000\nLow 1.28000\nClose 1.29000"},
+        TipText{5, 'I', 60, "\n1/1/2014\n4:00:00\nOpen 1.31000\nHigh 1.32000\nLow 1.28000\nClose 1.29000"},
         TipText{3, 'I', 60, "\n1/1/2014\n4:00:00\nNAME 1.29000"},
         TipText{3, 'D', 1, "\n1/5/2014\nNAME 1.29000"},
         TipText{7, 'I', 60, "\n1/1/2014\n4:00:00\nNAME 1.29000"}));
+
+struct OutputTip {
+    Word drawKind;
+    int style;
+    char letter;
+    const char *text; // behind the alias
+};
+
+class OutputTips : public testing::TestWithParam<OutputTip> {};
+
+TEST_P(OutputTips, CharacterByCharacter) {
+    const int step = GetParam().letter == 'I' ? 3600 : 86400;
+    std::vector<Bar> bars = steps(10);
+    std::vector<corePointMark> marks;
+    for (int i = 0; i < 10; ++i) {
+        bars[static_cast<std::size_t>(i)].time = 1388534400 + i * step;
+        marks.push_back({1388534400 + i * step, 0.5f, 0.25f, 3, 0});
+    }
+    SeriesChart test(bars, 1, QSize(800, 600), GetParam().letter, GetParam().letter == 'I' ? 60 : 1);
+    FakeObject *object = test.addOutputs({FakeOutput{"Out", GetParam().drawKind, GetParam().style, 3,
+                                                     [](const std::vector<float> &, int) { return 0.5f; }}});
+    if (GetParam().drawKind == 6)
+        object->array().setMarks(marks);
+    test.host.update(object, 1);
+    test.host.tick();
+    test.showFrom(0, 10);
+    test.grab();
+    const LayerView view = test.view(1);
+    const QString name = view.series()->m_name;
+    EXPECT_EQ(tipAt(test, QPoint(view.x(4), view.y(0.5))).toStdString(),
+              (view.series()->GetAlias() + QString(GetParam().text).replace("NAME", name)).toStdString());
+}
+
+INSTANTIATE_TEST_SUITE_P(ToolTip, OutputTips,
+                         testing::Values(OutputTip{4, 0, 'I', "\n1/1/2014\n4:00:00\nNAME 0.50000"},
+                                         OutputTip{4, 1, 'I', "\n1/1/2014\n4:00:00\nNAME 0.50000"},
+                                         OutputTip{8, 0, 'I', "\n1/1/2014\n4:00:00\nNAME 0.50000"},
+                                         OutputTip{4, 0, 'D', "\n1/5/2014\nNAME 0.50000"},
+                                         OutputTip{6, 0, 'I',
+                                                   "\n1/1/2014\n4:00:00\nHigh 0.50000\nLow 0.25000"},
+                                         OutputTip{6, 0, 'D', "\n1/5/2014\nHigh 0.50000\nLow 0.25000"}));
+
+TEST(ToolTip, TicksHaveTheirTimeAndTheQuote) {
+    SeriesChart test(steps(10));
+    std::vector<Tick> ticks;
+    for (int i = 0; i < 20; ++i)
+        ticks.push_back({1388534400 + i * 5, 1.3f, 1});
+    test.host.setTickHistory("GBPUSD", ticks);
+    Chart other = test.host.createChart(QSize(800, 600));
+    test.host.addInstrument(other, "GBPUSD", 'I', 0);
+    test.chart = other;
+    test.host.tick();
+    test.showFrom(0, 10);
+    test.grab();
+    const LayerView view = test.view();
+    ASSERT_EQ(test.series()->m_type, PT_TICK_LINE);
+    EXPECT_EQ(tipAt(test, QPoint(view.x(4) + 1, view.y(1.3))),
+              test.series()->GetAlias() + "\n1/1/2014\n0:00:20\n" + test.series()->m_name + " 1.30000");
+}
+
+TEST(ToolTip, TheLargestPointOfTheLayerGivesTheDecimals) {
+    SeriesChart test(steps(10));
+    FakeObject *object =
+        test.addOutputs({FakeOutput{"Out", 4, 0, 0, [](const std::vector<float> &, int) { return 1.30f; }}});
+    object->array().header()->precision = 2;
+    test.host.update(object, 1);
+    test.host.tick();
+    test.showFrom(0, 10);
+    test.grab();
+    const LayerView view = test.view();
+    EXPECT_TRUE(tipAt(test, QPoint(view.x(4), view.y(1.30))).contains("\nOpen 1.31\nHigh 1.32\n"));
+}
 
 TEST(ToolTip, DailySeriesHaveNoTime) {
     std::vector<Bar> bars = steps(10);
