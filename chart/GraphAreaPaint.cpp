@@ -4,6 +4,7 @@
 #include "chart/GraphLayer.h"
 #include "chart/GraphWidget.h"
 #include "chart/Primitive.h"
+#include "chart/PrimitivePainters.h"
 #include "module/GraphModule.h"
 #include "support/FontMetrics.h"
 #include "support/Numbers.h"
@@ -123,8 +124,8 @@ void CRGraphArea::DrawLastCandleIndicator(QPainter &painter) {
                 continue;
             const double price = lastPrice(primitive);
             const int y = layer->CalcY(static_cast<float>(price));
-            primitive->m_linePen =
-                QPen(primitive->m_lineColor, 1, static_cast<Qt::PenStyle>(primitive->m_nPenStyle));
+            primitive->m_linePen = seriesPen(*primitive, primitive->m_lineColor);
+            primitive->m_linePen.setWidth(1);
             painter.setPen(primitive->m_linePen);
             painter.drawLine(m_rect.left(), y, m_rect.right(), y);
 

@@ -279,6 +279,18 @@ TEST_F(PaneFrame, LastPriceGoesLeftWithoutARightScale) {
     EXPECT_EQ(label.right(), scale - 1);
 }
 
+TEST_F(PaneFrame, LastPriceOfAPenThatCannotBeDrawnHasASolidLine) {
+    FakeObject *object = add(levelBars(100, 1.30f, 1.32f, 1.28f, 1.31f));
+    showLastPrice();
+    const WindowView solid = view();
+    for (const int style : {6, 99, -1}) { // 6 has no dashes of its own
+        object->array().header()->typeShow.penType = static_cast<eCoreTypeShowPen>(style);
+        host.update(object, 2);
+        host.tick();
+        EXPECT_EQ(view().image(), solid.image()) << style;
+    }
+}
+
 TEST_F(PaneFrame, OnePointHasNoLastPrice) {
     add(levelBars(1, 1.30f, 1.32f, 1.28f, 1.31f));
     showLastPrice();
