@@ -1,11 +1,12 @@
 #include "chart/ScaleWidth.h"
 
 #include <algorithm>
-#include <cfloat>
 #include <cstring>
+#include <limits>
 
 namespace {
 constexpr int blockSize = 4096; // values
+constexpr float lowest = -std::numeric_limits<float>::infinity();
 }
 
 void widenScale(int &width, int measure) {
@@ -27,7 +28,7 @@ float RunningMaximum::BlockMaximum(int block) const {
     const int from = block * blockSize;
     const int to = std::min(m_count, from + blockSize);
     const unsigned char *source = m_first + static_cast<long long>(from) * m_stride;
-    float largest = -FLT_MAX;
+    float largest = lowest;
     for (int i = from; i < to; ++i, source += m_stride) {
         float value;
         std::memcpy(&value, source, sizeof value);
@@ -50,7 +51,7 @@ float RunningMaximum::Update(const unsigned char *first, int stride, int count) 
         m_turn = (m_turn + 1) % blocks;
         m_blocks[static_cast<std::size_t>(m_turn)] = BlockMaximum(m_turn);
     }
-    return blocks > 0 ? *std::max_element(m_blocks.begin(), m_blocks.end()) : -FLT_MAX;
+    return blocks > 0 ? *std::max_element(m_blocks.begin(), m_blocks.end()) : lowest;
 }
 
 void RunningMaximum::Forget() {

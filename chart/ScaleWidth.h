@@ -21,7 +21,7 @@ ScaleWidths decideScaleWidths(bool leftOn, bool rightOn, bool lastPriceOn, int l
 class RunningMaximum {
 public:
     // The value at index i lies at `first` + i * `stride`. Not a number is never the largest; a run with
-    // nothing else gives the lowest start value of a search.
+    // nothing else gives minus infinity, whose text is a short one.
     float Update(const unsigned char *first, int stride, int count);
     void Forget();
 

@@ -1,9 +1,9 @@
 #include "chart/ScaleWidth.h"
 
-#include <cfloat>
 #include <cmath>
 #include <cstring>
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace {
 
@@ -128,10 +128,11 @@ TEST(RunningMaximum, ForgottenRunIsReadAnew) {
 
 TEST(RunningMaximum, NothingAndNotANumber) {
     RunningMaximum maximum;
-    EXPECT_EQ(maximum.Update(nullptr, 12, 0), -FLT_MAX);
+    constexpr float none = -std::numeric_limits<float>::infinity();
+    EXPECT_EQ(maximum.Update(nullptr, 12, 0), none);
     std::vector<Point> list = points(3);
     list[0].value = list[1].value = list[2].value = std::nanf("");
-    EXPECT_EQ(update(maximum, list), -FLT_MAX);
+    EXPECT_EQ(update(maximum, list), none);
     list[1].value = -3;
     EXPECT_EQ(update(maximum, list), -3.0f);
 }
