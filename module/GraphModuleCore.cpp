@@ -212,7 +212,7 @@ int CRGraphModule::ChangeSkin(const unsigned short *name) {
         return 1;
     try {
         m_skin.reset(new CSkin(this));
-        m_skin->Load(readEndedText(name));
+        m_skin->LoadSkin(readEndedText(name));
         for (std::size_t i = 0; i < m_widgets.size(); ++i) {
             CRGraphWidget *widget = m_widgets[i];
             widget->LoadSkinData();

@@ -22,7 +22,7 @@ void CSkin::InitSkinData() {
     m_dealIcon = LoadModulePixmap("b_g_deal.png");
 }
 
-void CSkin::Load(const QString &) {
+void CSkin::LoadSkin(const QString &) {
     *this = CSkin(m_module);
 }
 

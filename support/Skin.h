@@ -14,8 +14,8 @@ class CSkin {
 public:
     explicit CSkin(CRGraphModule *module);
 
-    void InitSkinData();            // the default look, images from the compiled-in resources
-    void Load(const QString &name); // the look of that name; the default look where it has none
+    void InitSkinData();                // the default look, images from the compiled-in resources
+    void LoadSkin(const QString &name); // the look of that name; the default look where it has none
 
     QString m_path;
     CMvGraphFont m_font;

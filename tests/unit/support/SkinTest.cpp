@@ -43,7 +43,7 @@ TEST(Skin, UnknownNameBringsTheDefaultLookBack) {
     CSkin skin(nullptr);
     skin.m_backColor = 0x123456;
     skin.m_autoScroll = false;
-    skin.Load("no such skin");
+    skin.LoadSkin("no such skin");
     EXPECT_EQ(skin.m_backColor, 0xFFFFFFu);
     EXPECT_TRUE(skin.m_autoScroll);
 }
