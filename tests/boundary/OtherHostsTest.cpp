@@ -28,6 +28,7 @@ void life(FakeHost &host) {
     FakeObject *euro = host.addInstrument(chart, "EURUSD");
     ASSERT_TRUE(euro);
     EXPECT_EQ(host.addIndicator(chart, "Bollinger"), 0);
+    EXPECT_EQ(host.lastObject()->subscribers.count(chart.handle), 1u);
     host.tick();
     EXPECT_FALSE(host.grab(chart).isNull());
     EXPECT_EQ(host.update(euro, 1), 0);

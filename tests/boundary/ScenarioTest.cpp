@@ -26,6 +26,7 @@ void liveOnce() {
     EXPECT_EQ(host.addIndicator(chart, "Bollinger"), 0);
     FakeObject *bands = host.lastObject();
     ASSERT_NE(bands, euro);
+    EXPECT_EQ(bands->subscribers.count(chart.handle), 1u);
     host.tick();
     const QImage first = host.grab(chart);
     ASSERT_FALSE(first.isNull());

@@ -2,6 +2,7 @@
 #include "tests/support/FakeHost.h"
 
 #include <QDialog>
+#include <QEnterEvent>
 #include <QToolButton>
 #include <gtest/gtest.h>
 
@@ -117,8 +118,10 @@ void wholeRun(FakeHost &host) {
     host.send(3066u);
     Chart chart = host.createChart(QSize(400, 300));
     host.addInstrument(chart, "EURUSD");
-    host.addIndicator(chart, "Bollinger");
-    host.addIndicator(chart, "CHF+EUR");
+    for (const char *name : {"Bollinger", "CHF+EUR"}) {
+        host.addIndicator(chart, name);
+        EXPECT_EQ(host.lastObject()->subscribers.count(chart.handle), 1u) << name;
+    }
     host.tick();
     host.grab(chart);
     for (QToolButton *button : chart.widget->findChildren<QToolButton *>()) {
@@ -196,6 +199,45 @@ TEST(Traffic, ObjectsAreNamedByTheirHandles) {
         }
     }
     EXPECT_GT(named, 50);
+}
+
+// Room for answers goes out as zeros, behind what the module itself has put there.
+TEST(Traffic, RoomForAnswersIsZeroed) {
+    struct Room {
+        unsigned message;
+        bool first; // in the first word's record, else in the second's
+        int from;
+        int size;
+    };
+    const Room rooms[] = {
+        {3008, true, 778, 28}, {3012, false, 0, 773},   {3043, false, 0, 4},    {3048, false, 0, 4},
+        {3051, false, 0, 4},   {3055, false, 0, 1555},  {3058, false, 0, 268},  {3110, true, 255, 4},
+        {3112, true, 255, 4},  {3116, true, 0, 8},      {3125, true, 0, 2048},  {3205, true, 0, 4},
+        {3207, true, 0, 8},    {3500, true, 0, 264},    {3503, true, 0, 12288}, {3506, true, 0, 4},
+        {3550, false, 0, 4},   {3551, false, 0, 4},     {3552, false, 0, 4},    {3553, false, 0, 4},
+        {3560, true, 0, 4},    {4023, true, 510, 1530}, {6500, true, 0, 4},     {6502, true, 510, 264},
+        {7000, true, 8, 4},    {10057, false, 0, 4},    {16026, false, 0, 8},
+    };
+    FakeHost host(FakeHost::Created);
+    wholeRun(host);
+    Chart chart = host.createChart(QSize(400, 300));
+    QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5)); // asks for the tool
+    QCoreApplication::sendEvent(chart.widget, &enter);
+    host.addInstrument(chart, "EURUSD");
+    mvwcDpaItem item = zeroRecord<mvwcDpaItem>();
+    bytes::put<Word>(&item, 1288, 5);
+    mvwcDpaList list{1, &item};
+    host.workFolder = "/users/one"; // a template asks for it
+    EXPECT_EQ(host.send(5006u, chart.handle, &list), 1);
+    for (const Room &room : rooms) {
+        const std::vector<Call> calls = host.callsOf(room.message);
+        EXPECT_FALSE(calls.empty()) << room.message;
+        for (const Call &call : calls) {
+            const QByteArray record = room.first ? call.wRecord : call.lRecord;
+            ASSERT_GE(record.size(), room.from + room.size) << room.message;
+            EXPECT_EQ(record.mid(room.from, room.size), QByteArray(room.size, 0)) << room.message;
+        }
+    }
 }
 
 TEST(Traffic, OfTheFocus) {

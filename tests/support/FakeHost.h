@@ -236,7 +236,8 @@ public:
     // Works on the next dialogs in the order given; each must close its dialog.
     void onDialog(std::function<void(QDialog *)> work);
     QStringList dialogTexts; // "title|text" of the message boxes that came up
-    // A message box that nobody expects is closed, so that no test hangs.
+    // A dialog that nobody expects is closed, so that no test hangs; one that asks for a layer with the
+    // layer that it offers.
 
     static FakeHost *current();
 

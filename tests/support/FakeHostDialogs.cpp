@@ -44,6 +44,8 @@ void FakeHost::DialogWatcher::handle(QDialog *dialog) {
         const auto next = work.front();
         work.pop_front();
         next(dialog);
+    } else if (qstrcmp(dialog->metaObject()->className(), "CChooseLayerDialog") == 0) {
+        dialog->accept();
     } else if (dialog->isModal()) {
         dialog->reject();
     }
