@@ -211,7 +211,7 @@ QString fullPath(int wParam, int lParam, bool answered) {
         return hex(record->buffer);
     QStringList handles;
     const auto *chain = reinterpret_cast<const Word *>(record->buffer);
-    for (int i = 0; chain && chain[i] && i < int(record->size / 4); ++i)
+    for (int i = 0; chain && i < int(record->size / 4) && chain[i]; ++i)
         handles << hexText(chain[i]);
     return handles.isEmpty() ? QStringLiteral("no source") : handles.join(QLatin1Char(' '));
 }
