@@ -68,6 +68,38 @@ TEST(BadInput, AHostWithoutFunctions) {
     EXPECT_EQ(host.hostCalls(), 0);
 }
 
+// A record that names nothing: what takes a window refuses, what takes a list has nothing to do.
+TEST(BadInput, RecordsOfZeros) {
+    struct Row {
+        unsigned message;
+        bool window; // the first word is the window, the second the record; else the first is the record
+        int result;
+    };
+    const Row rows[] = {
+        {3009, false, 1}, {3010, true, 0},   {3011, true, 0},   {3062, false, 0}, {3076, true, 0},
+        {3114, false, 1}, {3115, false, 0},  {3130, true, 0},   {3518, false, 1}, {3546, false, 0},
+        {5001, false, 0}, {5004, false, 1},  {5005, true, 0},   {5006, true, 0},  {5007, true, 0},
+        {5009, true, 0},  {5011, true, 0},   {5022, false, 0},  {5024, true, 0},  {5025, false, 1},
+        {5034, false, 1}, {10054, false, 1}, {12001, true, 1},  {3010, false, 1}, {3011, false, 1},
+        {3076, false, 1}, {3130, false, 1},  {5005, false, 1},  {5006, false, 1}, {5007, false, 1},
+        {5009, false, 1}, {5011, false, 1},  {12001, false, 1},
+    };
+    FakeHost host;
+    Chart chart = host.createChart();
+    host.addInstrument(chart, "EURUSD");
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.message);
+        bytes::Record zeros(8192);
+        const void *first = row.window ? static_cast<const void *>(chart.handle) : zeros.data();
+        const void *second = zeros.data() + 4096;
+        EXPECT_EQ(host.send(row.message, first, second), row.result);
+        ASSERT_TRUE(chart.widget);
+    }
+    EXPECT_TRUE(host.dialogTexts.isEmpty());
+    host.tick();
+    EXPECT_FALSE(host.grab(chart).isNull());
+}
+
 TEST(BadInput, ListsWithoutItemsOrWithNegativeCounts) {
     FakeHost host;
     Chart chart = host.createChart();
