@@ -170,17 +170,17 @@ TEST_P(ScalePixels, OnBothSidesOfThePlot) {
             }));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    OfRanges, ScalePixels,
-    testing::Values(ScaleCase{"five digits", 5, 1.32f, 1.28f, 600, true},
-                    ScaleCase{"without a grid", 5, 1.32f, 1.28f, 600, false},
-                    ScaleCase{"a step of one tick", 4, 1.3020f, 1.3000f, 600, true},
-                    ScaleCase{"equal values", 5, 1.3f, 1.3f, 600, true},
-                    ScaleCase{"two digits, hundreds", 2, 1480.5f, 1210.25f, 600, true},
-                    ScaleCase{"no digits, millions", 0, 2500000.0f, -1200000.0f, 600, true},
-                    ScaleCase{"on both sides of zero", 3, 0.8f, -0.9f, 500, true},
-                    ScaleCase{"below zero", 2, -5.5f, -80.25f, 500, true},
-                    ScaleCase{"a low pane", 0, 2900.0f, 990.0f, 136, true}));
+INSTANTIATE_TEST_SUITE_P(OfRanges, ScalePixels,
+                         testing::Values(ScaleCase{"five digits", 5, 1.32f, 1.28f, 600, true},
+                                         ScaleCase{"without a grid", 5, 1.32f, 1.28f, 600, false},
+                                         ScaleCase{"a step of one tick", 4, 1.3020f, 1.3000f, 600, true},
+                                         ScaleCase{"equal values", 5, 1.3f, 1.3f, 600, true},
+                                         ScaleCase{"two digits, hundreds", 2, 1480.5f, 1210.25f, 600, true},
+                                         ScaleCase{"no digits, millions", 0, 2500000.0f, -1200000.0f, 600,
+                                                   true},
+                                         ScaleCase{"on both sides of zero", 3, 0.8f, -0.9f, 500, true},
+                                         ScaleCase{"below zero", 2, -5.5f, -80.25f, 500, true},
+                                         ScaleCase{"a low pane", 0, 2900.0f, 990.0f, 136, true}));
 
 TEST_F(ScalePixels, SecondLayerHasItsOwnLabelsOnTheLeft) {
     const ScaleCase row{"two layers", 5, 1.32f, 1.28f, 600, true};
