@@ -360,6 +360,7 @@ public:
     bool m_bManualTestMode = false;
     bool m_redrawMovingLS = false;
     bool m_bZoomEcho = true;              // the slider's changes produce an undo step
+    int m_nSliderEcho = 0;                // else what our own change of it will tell
     bool m_sysTesterChart = false;
     QString m_crossDateText;
     QString m_crossPriceText;
@@ -431,6 +432,9 @@ private:
     bool CanZoom();
     void SetScreenPoints(int points);
     void SetZoomSlider(int points);
+    void ExpectSliderEcho(int sliderValue);
+    void SetSliderMinimum(QSlider *slider, int minimum);
+    void SetSliderMaximum(QSlider *slider, int maximum);
     void ZoomTo(int points, const char *milestone);
     void PressLeft(QMouseEvent *event);
     void ReleaseLeft(QMouseEvent *event);

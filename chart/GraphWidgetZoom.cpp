@@ -56,13 +56,32 @@ void CRGraphWidget::SetScreenPoints(int points) {
     m_pScrollBar->SetScrollBarValue(m_pScrollBar->value());
 }
 
-// Moves the host's slider; the change that comes back from it is not the user's.
+// A change of the slider by ourselves comes back: that is no wish of the user's.
+void CRGraphWidget::ExpectSliderEcho(int sliderValue) {
+    m_bZoomEcho = false;
+    m_nSliderEcho = sliderValue;
+}
+
+// An end of the slider's range can push its value.
+void CRGraphWidget::SetSliderMinimum(QSlider *slider, int minimum) {
+    if (minimum > slider->value())
+        ExpectSliderEcho(minimum);
+    slider->setMinimum(minimum);
+}
+
+void CRGraphWidget::SetSliderMaximum(QSlider *slider, int maximum) {
+    if (maximum < slider->value())
+        ExpectSliderEcho(maximum);
+    slider->setMaximum(maximum);
+}
+
+// Moves the host's slider, as far as its range goes.
 void CRGraphWidget::SetZoomSlider(int points) {
     const QPointer<CRGraphWidget> self(this);
     QSlider *slider = GetZoomSlider();
     if (!self || !slider || !isVisible() || !m_bCurrent)
         return;
-    m_bZoomEcho = false;
+    ExpectSliderEcho(qBound(slider->minimum(), -points, slider->maximum()));
     slider->setValue(-points);
 }
 
@@ -93,9 +112,13 @@ void CRGraphWidget::OnChangeZoom(int value) {
         m_bSkipZoomEcho = false;
         return;
     }
+    const bool own = !m_bZoomEcho && value == m_nSliderEcho;
     if (m_bZoomEcho)
         m_bAutoZoomOut = false;
     m_bZoomEcho = true;
+    // A slider asks for no fewer than ten: where fewer positions fill the window our own change stands.
+    if (own && m_pScrollBar && m_pScrollBar->m_nScreenDataPoints < leastScreenPoints)
+        return;
     ChangeZoom(value);
 }
 
@@ -149,9 +172,9 @@ void CRGraphWidget::SetScrollbarValues(bool toEnd, bool force) {
     QSlider *slider = GetZoomSlider();
     if (self && slider && isVisible() && m_bCurrent) {
         if (points > count)
-            slider->setMaximum(-points);
+            SetSliderMaximum(slider, -points);
         else
-            slider->setMinimum(-count);
+            SetSliderMinimum(slider, -count);
     }
     if (!self)
         return;

@@ -417,6 +417,35 @@ TEST_P(ZoomSliders, AnotherWindowInFrontShowsItsOwnZoom) {
     EXPECT_EQ(bar->pageStep(), 300);
 }
 
+TEST_P(ZoomSliders, SixPositionsStaySix) {
+    host.setHistory("GBPUSD", makeBars(6));
+    Chart small = host.createChart();
+    host.addInstrument(small, "GBPUSD");
+    PROPERTY_PAGE *page = host.pages.rbegin()->second;
+    static_cast<propertyInt *>(page->groups[0].items[4]->value)->value = 0; // free space positions
+    PROPERTY_CHANGE change{host.moduleInterface(), small.handle, page};
+    host.send(10054u, &change);
+    host.tick();
+    workOff();
+    QScrollBar *smallBar = scrollBarOf(small);
+    ASSERT_EQ(smallBar->maximum(), smallBar->pageStep());
+    host.send(3550u);
+    workOff();
+    EXPECT_EQ(smallBar->pageStep(), 6);
+    EXPECT_EQ(smallBar->maximum(), 6);
+    host.update(host.lastObject());
+    host.tick();
+    workOff();
+    EXPECT_EQ(smallBar->pageStep(), 6);
+    host.send(5009u, chart.handle);
+    host.send(5009u, small.handle);
+    workOff();
+    EXPECT_EQ(smallBar->pageStep(), 6);
+    host.send(3550u);
+    workOff();
+    EXPECT_EQ(smallBar->pageStep(), 6);
+}
+
 INSTANTIATE_TEST_SUITE_P(OfOtherHosts, ZoomSliders, testing::Values(Echo::AtOnce, Echo::Later, Echo::Never));
 
 TEST_F(ZoomAndScroll, AHostMayChangeItsSlider) {
