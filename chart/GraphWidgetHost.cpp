@@ -16,15 +16,14 @@ namespace {
 constexpr int gameModeTestInterval = 20000; // milliseconds
 constexpr int gameScreenPoints = 10;
 constexpr int normalScreenPoints = 60;
+constexpr Word mostAccounts = 10000; // more is no answer
 
 /// Every account of every dealing interface leaves the game.
 void leaveGame(CRGraphModule *module) {
     const std::vector<void *> interfaces = module->GetTradeModule()->Interfaces();
     for (void *dealing : interfaces) {
         Word count = 0;
-        if (module->Send(dealing, ToHost::AccountCount, &count, 0) != 0)
-            return;
-        if (count == 0 || count > 10000)
+        if (module->Send(dealing, ToHost::AccountCount, &count, 0) != 0 || count == 0 || count > mostAccounts)
             continue;
         std::vector<mvdDealAccount> accounts(count, zeroRecord<mvdDealAccount>());
         mvdList list{static_cast<int>(count), accounts.data()};
@@ -112,4 +111,3 @@ void CRGraphWidget::OnTestGameMode() {
     connect(timer.data(), SIGNAL(timeout()), this, SLOT(OnSwitchGameMode()));
     timer->start(gameModeTestInterval);
 }
-

@@ -39,6 +39,41 @@ TEST(Modes, ExcludeEachOther) {
     EXPECT_FALSE(module.IsGameMode());
 }
 
+// One dealing side that tells nothing keeps no account of another in the game.
+TEST(Modes, EveryAccountLeavesTheGame) {
+    LinkedHost host;
+    const Word second = host.addInterface("DEALING", "VELMAR", "second");
+    module.GetTradeModule()->GetInterfacesList();
+    ASSERT_EQ(module.GetTradeModule()->Interfaces().size(), 2u);
+    host.answer(ToHost::AccountCount, [second](void *target, int wParam, int) {
+        if (target != fromWord<void>(second))
+            return 1;
+        *fromWord<Word>(wParam) = 2;
+        return 0;
+    });
+    host.answer(ToHost::Accounts, [](void *, int wParam, int) {
+        auto *accounts = static_cast<mvdDealAccount *>(fromWord<mvdList>(wParam)->records);
+        accounts[0].account = 71;
+        accounts[1].account = 72;
+        return 0;
+    });
+    Chart chart = host.createChart();
+    for (int turn = 0; turn < 2; ++turn) { // into the game and out of it, or the other way round
+        host.clearTraffic();
+        host.window(chart).OnSwitchGameMode();
+        const auto leaving = host.callsOf(ToHost::AccountLeavesGame);
+        if (host.count(ToHost::GameModeOn) == 1) {
+            EXPECT_TRUE(leaving.empty());
+            continue;
+        }
+        ASSERT_EQ(leaving.size(), 2u);
+        EXPECT_EQ(leaving[0].target, fromWord<void>(second));
+        EXPECT_EQ(leaving[0].wParam, 71);
+        EXPECT_EQ(leaving[1].wParam, 72);
+        EXPECT_EQ(host.calls().back().message, static_cast<unsigned>(ToHost::GameModeOff));
+    }
+}
+
 // With the last account its symbols trade again, whatever its table says.
 TEST(DayOff, GoesWithTheLastAccount) {
     LinkedHost host;
