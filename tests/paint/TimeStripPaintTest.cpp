@@ -140,3 +140,68 @@ TEST_F(TimeStripPicture, ADailyChartOfAYearHasDottedMonths) {
     EXPECT_TRUE(hasText(60, 740, top(), middle - 2));
     EXPECT_TRUE(hasText(60, 740, middle + 2, bottom()));
 }
+
+// ---- which texts the strip asks the host for ----
+
+namespace {
+
+QStringList g_formats; // asked for since it was cleared
+
+void recordFormat(const QDateTime &time, const QString &format, QString &result) {
+    if (!g_formats.contains(format))
+        g_formats.append(format);
+    result = time.toString(format);
+}
+
+struct StripPeriod {
+    char letter;
+    int length;
+    int step; // seconds of a bar
+    int points;
+    QStringList formats;
+};
+
+class StripFormats : public testing::TestWithParam<StripPeriod> {};
+
+} // namespace
+
+TEST_P(StripFormats, OfAPeriod) {
+    const StripPeriod &period = GetParam();
+    FakeHost host(FakeHost::Created);
+    host.answer(3207, [](void *, int wParam, int) {
+        bytes::put<coreDateTimeFormatter>(fromWord<void>(wParam), 0, &recordFormat);
+        return 0;
+    });
+    host.send(3004u);
+    host.send(3066u);
+    host.setHistory("EURUSD", makeBars(500, monday, period.step));
+    Chart chart = host.createChart(QSize(1200, 600));
+    host.addInstrument(chart, "EURUSD", period.letter, period.length);
+    host.tick();
+    Mouse(chart).leave();
+    host.send(3552u, 0, -period.points);
+    scrollBarOf(chart)->setValue(450);
+    g_formats.clear();
+    host.grab(chart);
+    QStringList asked = g_formats, expected = period.formats;
+    asked.sort();
+    expected.sort();
+    EXPECT_EQ(asked.join(" | ").toStdString(), expected.join(" | ").toStdString());
+}
+
+INSTANTIATE_TEST_SUITE_P(TimeStrip, StripFormats,
+                         testing::Values(StripPeriod{'I', 1, 60, 60, {"dd MMM yyyy", "h:mm"}},
+                                         StripPeriod{'I', 60, hour, 60, {"MMM dd", "h:mm"}},
+                                         StripPeriod{'I', 240, 4 * hour, 80, {"MMM dd", "h:mm"}},
+                                         StripPeriod{'I', 240, 4 * hour, 84, {"MMM dd", "h:mm"}},
+                                         StripPeriod{'D', 1, 86400, 15, {"MMM dd", "h:mm"}},
+                                         StripPeriod{'D', 1, 86400, 16, {"MMMM yyyy", "M/d"}},
+                                         StripPeriod{'D', 1, 86400, 40, {"MMM yyyy", "M/d"}},
+                                         StripPeriod{'D', 1, 86400, 41, {"MMM yyyy", "dd"}},
+                                         StripPeriod{'D', 1, 86400, 70, {"MMM yyyy", "dd"}},
+                                         StripPeriod{'D', 1, 86400, 71, {"MMM yyyy"}},
+                                         StripPeriod{'D', 1, 86400, 200, {"MMM yyyy"}},
+                                         StripPeriod{'D', 1, 86400, 201, {"yyyy", "MMM"}},
+                                         StripPeriod{'W', 1, 604800, 100, {"yyyy", "MMM"}},
+                                         StripPeriod{'W', 1, 604800, 101, {"yyyy"}},
+                                         StripPeriod{'M', 1, 2592000, 60, {"yyyy"}}));
