@@ -12,6 +12,7 @@
 #include <QToolButton>
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <vector>
 
 namespace {
@@ -72,6 +73,16 @@ const std::array<SettingsRow, rowCount> &settingsRows() {
 
 constexpr int lastCandleRow = 14;
 
+/// The entries of a list are the window's: a copy has all of them, or none.
+bool fits(const PROPERTY *item, const PROPERTY &own) {
+    if (!item || !item->value || item->type != own.type)
+        return false;
+    if (own.type != PropertyTypeList)
+        return true;
+    const auto *list = static_cast<const propertyList *>(item->value);
+    return !list->entries || list->count == static_cast<const propertyList *>(own.value)->count;
+}
+
 /// Same groups, and in each the same items with values of the same types.
 bool hasShapeOf(const PROPERTY_PAGE &page, const PROPERTY_PAGE &model) {
     if (page.groupCount != model.groupCount || (page.groupCount && !page.groups))
@@ -82,12 +93,23 @@ bool hasShapeOf(const PROPERTY_PAGE &page, const PROPERTY_PAGE &model) {
         if (other.count != own.count || (other.count && !other.items))
             return false;
         for (Word item = 0; item < own.count; ++item) {
-            const PROPERTY *changed = other.items[item];
-            if (!changed || !changed->value || changed->type != own.items[item]->type)
+            if (!fits(other.items[item], *own.items[item]))
                 return false;
         }
     }
     return true;
+}
+
+/// A host may hold the changed page in the record itself: its title then stands where the pointer would.
+const PROPERTY_PAGE *changedPage(const PROPERTY_CHANGE &change, const PROPERTY_PAGE &own) {
+    if (std::memcmp(&change.page, own.title, sizeof change.page) == 0)
+        return reinterpret_cast<const PROPERTY_PAGE *>(&change.page);
+    return change.page;
+}
+
+QStringList titlePlaces() {
+    const CModule &texts = *GetModule();
+    return {texts.tr("G0118"), texts.tr("G0119"), texts.tr("G0120")};
 }
 
 } // namespace
@@ -103,7 +125,6 @@ void CRGraphWidget::CreatePropertyPage() {
 }
 
 void CRGraphWidget::CreatePropertyRows() {
-    const QStringList places{m_module->tr("G0118"), m_module->tr("G0119"), m_module->tr("G0120")};
     const auto &rows = settingsRows();
     for (int i = 0; i < rowCount; ++i) {
         const SettingsRow &row = rows[static_cast<std::size_t>(i)];
@@ -121,7 +142,7 @@ void CRGraphWidget::CreatePropertyRows() {
                 AddPropertyIntItem(m_nGeneralGroup, caption, hint, this->*row.number, 0, mostFreePositions);
             break;
         case ListRow:
-            m_items[i] = AddPropertyListItem(m_nGeneralGroup, caption, hint, places, this->*row.number);
+            m_items[i] = AddPropertyListItem(m_nGeneralGroup, caption, hint, titlePlaces(), this->*row.number);
             break;
         case BoolRow:
             m_items[i] = AddPropertyBoolItem(m_nGeneralGroup, caption, hint, this->*row.flag);
@@ -184,7 +205,8 @@ void CRGraphWidget::TakePropertyRows() {
             this->*row.color = value.value<QColor>().rgb();
             break;
         case FontRow:
-            this->*row.font = value.value<QFont>();
+            if (value.value<QFont>().pointSize() <= QWIDGETSIZE_MAX)
+                this->*row.font = value.value<QFont>();
             break;
         case IntRow:
             this->*row.number = std::clamp(value.toInt(), 0, mostFreePositions);
@@ -192,6 +214,8 @@ void CRGraphWidget::TakePropertyRows() {
         case ListRow:
             if (value.toInt() >= 0 && value.toInt() <= 2)
                 this->*row.number = value.toInt();
+            // The host may have left the entries out of its copy.
+            ChangePropertyListItem(m_nGeneralGroup, m_items[i], titlePlaces(), value.toInt());
             break;
         case BoolRow:
             this->*row.flag = value.toBool();
@@ -214,10 +238,11 @@ std::vector<int> CRGraphWidget::RowsOutOfStep() const {
 
 int CRGraphWidget::ApplyPropertyPage(PROPERTY_CHANGE *change) {
     // A page that closes brings no data; a page of another shape is none of ours.
-    if (!change || !change->page || !hasShapeOf(*change->page, *GetPage()))
+    const PROPERTY_PAGE *page = change ? changedPage(*change, *GetPage()) : nullptr;
+    if (!page || !hasShapeOf(*page, *GetPage()))
         return 0;
-    if (change->page != GetPage())
-        CopyPage(*change->page);
+    if (page != GetPage())
+        CopyPage(*page);
     TakePropertyRows();
     m_pTimeScale->ApplyPropertyPage();
     m_pTimeScale->m_nHeight = m_areaFont.pointSize() * 2 + 10;

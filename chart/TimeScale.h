@@ -20,6 +20,9 @@ struct mwiLocatorMessageItem;
 class CRTimeScale {
 public:
     explicit CRTimeScale(CRGraphWidget *widget);
+    ~CRTimeScale();
+    CRTimeScale(const CRTimeScale &) = delete;
+    CRTimeScale &operator=(const CRTimeScale &) = delete;
 
     // ---- axis (chart/TimeScale.cpp); positions from 0, times in seconds ----
     void AddTime(long timeSec) { m_times.push_back(timeSec); }

@@ -18,6 +18,11 @@ constexpr int mostAutoScrollPositions = 1000;
 
 } // namespace
 
+// The host's window may outlive this one, and the module.
+CRTimeScale::~CRTimeScale() {
+    delete m_pAutoScrollWidget.data();
+}
+
 void CRTimeScale::CreatePropertyPage() {
     const CModule &texts = *GetModule();
     m_nPropertyGroup = m_pWidget->CreatePropertyGroup(texts.tr("G0078"));
@@ -75,6 +80,8 @@ void CRTimeScale::ShowAutoScrollWidget() {
         }
         delete present;
     }
+    // A host with one window for all its charts: the editor of the chart shown before makes room.
+    qDeleteAll(container->findChildren<CMvAutoscrollProperty *>(QString(), Qt::FindDirectChildrenOnly));
     const CModule &texts = *GetModule();
     auto *editor = new CMvAutoscrollProperty(texts.tr("G0086"), texts.tr("G0003"), texts.tr("G0085"),
                                              texts.tr("G0070Message"), 0, mostAutoScrollPositions,

@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QDateTime>
 #include <QFont>
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <new>
@@ -124,7 +125,8 @@ QVariant CPropertyParamFont::GetPropertyItem() const {
     const auto *record = static_cast<const propertyFont *>(m_value);
     if (!record)
         return QVariant();
-    return QFont(fieldText(record->family), record->pointSize, record->weight, record->italic != 0);
+    const int weight = std::clamp<int>(record->weight, -1, 99); // all that a font can have; -1 is the usual one
+    return QFont(fieldText(record->family), record->pointSize, weight, record->italic != 0);
 }
 
 void CPropertyParamFont::SetProperty(QVariant &value) {

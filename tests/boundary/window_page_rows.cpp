@@ -5,6 +5,7 @@
 #include <QFont>
 #include <QLabel>
 #include <QSpinBox>
+#include <climits>
 #include <gtest/gtest.h>
 
 namespace {
@@ -165,6 +166,87 @@ TEST_F(WindowPageRows, ASecondRoomTakesTheEditorOver) {
     ASSERT_NE(container(), first);
     EXPECT_EQ(first->findChild<QCheckBox *>(), nullptr);
     EXPECT_NE(container()->findChild<QCheckBox *>(), nullptr);
+}
+
+// The record of a change may point at the page or hold it behind the owner.
+TEST_F(WindowPageRows, ARecordMayHoldThePageItself) {
+    CopiedPage copy(*page);
+    copy.value<propertyInt>(FreeSpace).value = 77;
+    QByteArray record(8, 0);
+    bytes::put<Word>(record.data(), 4, static_cast<Word>(toWord(chart.handle)));
+    record.append(reinterpret_cast<const char *>(&copy.page), sizeof copy.page);
+    EXPECT_EQ(host.send(ToModule::PageChanged, record.constData()), 0);
+    EXPECT_EQ(static_cast<const propertyInt *>(item(FreeSpace).value)->value, 77);
+}
+
+// How the entries of a list lie is the window's own affair: a copy may come without them.
+TEST_F(WindowPageRows, AListWithoutItsEntriesBringsTheChoiceAlone) {
+    CopiedPage copy(*page);
+    auto &list = copy.value<propertyList>(TitlePlace);
+    list.selected = 2;
+    list.entries = nullptr;
+    apply(copy);
+    const auto &shown = *static_cast<const propertyList *>(item(TitlePlace).value);
+    EXPECT_EQ(+shown.selected, 2);
+    ASSERT_EQ(+shown.count, 3);
+    EXPECT_EQ(fieldText(shown.entries[2].text), "top");
+}
+
+TEST_F(WindowPageRows, AListOfImpossibleLengthChangesNothing) {
+    for (const int count : {4, INT_MAX}) {
+        CopiedPage copy(*page);
+        copy.value<propertyInt>(FreeSpace).value = 77;
+        copy.value<propertyList>(TitlePlace).count = count;
+        apply(copy);
+        EXPECT_EQ(static_cast<const propertyInt *>(item(FreeSpace).value)->value, 30) << count;
+        EXPECT_EQ(static_cast<const propertyList *>(item(TitlePlace).value)->count, 3) << count;
+    }
+}
+
+TEST_F(WindowPageRows, FontsOfAnySizeAreBorne) {
+    host.addInstrument(chart, "EURUSD");
+    const struct {
+        int asked, shown;
+    } sizes[] = {{0, 12}, {-3, 12}, {1000, 1000}, {100000, 100000}, {INT_MAX, 100000}};
+    for (const auto &size : sizes) {
+        for (const int row : {Font, TitleFont}) {
+            CopiedPage copy(*page);
+            auto &font = copy.value<propertyFont>(row);
+            std::fill_n(font.family, std::size(font.family), 'x');
+            font.pointSize = font.weight = font.italic = size.asked;
+            apply(copy);
+            host.tick();
+            EXPECT_FALSE(host.grab(chart).isNull());
+            EXPECT_EQ(static_cast<const propertyFont *>(item(row).value)->pointSize, size.shown) << size.asked;
+        }
+    }
+}
+
+// A host with one room for the editors of all its windows sees that of the window shown last.
+TEST_F(WindowPageRows, OneRoomShowsOneEditor) {
+    QWidget room;
+    for (const unsigned message : {10051u, 10052u}) {
+        host.answer(message, [this, &room, message](void *target, int wParam, int lParam) {
+            const int result = host.defaultAnswer(target, message, wParam, lParam);
+            auto *shown = fromWord<PROPERTY_PAGE>(wParam);
+            static_cast<propertyWidget *>(shown->groups[TimeScale].items[2]->value)->windowId =
+                static_cast<Word>(room.winId());
+            return result;
+        });
+    }
+    showAgain();
+    const auto editors = [&room] { return childrenOfClass(&room, "CMvAutoscrollProperty").size(); };
+    ASSERT_EQ(editors(), 1);
+    const QPointer<QWidget> first = childOfClass(&room, "CMvAutoscrollProperty");
+    Chart other = host.createChart();
+    EXPECT_EQ(editors(), 1);
+    EXPECT_FALSE(first);
+    showAgain();
+    EXPECT_EQ(editors(), 1);
+    host.deleteChart(other);
+    EXPECT_EQ(editors(), 1);
+    host.deleteChart(chart);
+    EXPECT_EQ(editors(), 0);
 }
 
 } // namespace
