@@ -70,8 +70,8 @@ CChooseLayerDialog::CChooseLayerDialog(const CRGraphArea *area, int current, QSt
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(m_tree, &QTreeWidget::itemClicked, this, &CChooseLayerDialog::OnSelectionChanged);
     connect(m_tree, &QTreeWidget::itemDoubleClicked, this, &CChooseLayerDialog::OnDoubleClicked);
-    connect(m_tree, &QTreeWidget::currentItemChanged, this,
-            [this](QTreeWidgetItem *item) { OnSelectionChanged(item, numberColumn); });
+    connect(m_tree, &QTreeWidget::itemSelectionChanged, this,
+            [this] { OnSelectionChanged(m_tree->selectedItems().value(0), numberColumn); });
     resize(460, 240);
 }
 

@@ -64,6 +64,7 @@ public slots:
     void OnOK();
     void Cancel();
     void OnHelp();
+    void done(int result) override { result == Accepted ? OnOK() : Cancel(); }
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;

@@ -6,6 +6,7 @@
 #include "tests/unit/dialogs/TestChart.h"
 
 #include <QTreeWidget>
+#include <QtTest>
 #include <gtest/gtest.h>
 
 namespace {
@@ -218,6 +219,24 @@ TEST_F(ChooseLayerTest, TheOfferedLayerStandsUntilTheUserChooses) {
     EXPECT_EQ(CChooseLayerDialog(chart.area(), -1, QString()).GetLayer(), 3);
     EXPECT_EQ(CChooseLayerDialog(chart.area(), 99, QString()).GetLayer(), 3);
     EXPECT_EQ(CChooseLayerDialog(nullptr, -1, QString()).GetLayer(), 0);
+}
+
+TEST_F(ChooseLayerTest, TheKeyboardChoosesToo) {
+    CChooseLayerDialog dialog(chart.area(), 1, QString());
+    dialog.show();
+    QTest::keyClick(dialog.Tree(), Qt::Key_Down);
+    EXPECT_EQ(dialog.GetLayer(), 2);
+    QTest::keyClick(dialog.Tree(), Qt::Key_Up);
+    EXPECT_EQ(dialog.GetLayer(), -1); // its own
+    dialog.Tree()->clearSelection();
+    EXPECT_EQ(dialog.GetLayer(), -1);
+    dialog.Tree()->topLevelItem(0)->setSelected(true);
+    EXPECT_EQ(dialog.GetLayer(), 0);
+    QTest::keyClick(dialog.Tree(), Qt::Key_Return);
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    dialog.show();
+    QTest::keyClick(dialog.Tree(), Qt::Key_Escape);
+    EXPECT_EQ(dialog.result(), QDialog::Rejected);
 }
 
 TEST_F(ChooseLayerTest, ADoubleClickAcceptsOnlyAChoice) {

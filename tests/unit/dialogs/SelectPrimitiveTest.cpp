@@ -75,6 +75,14 @@ TEST_F(SelectPrimitiveTest, EscapeAndClosingCancel) {
     EXPECT_EQ(chart->SourcePicker(), nullptr);
 }
 
+// Whoever ends the picker as a plain dialog ends the choice with it.
+TEST_F(SelectPrimitiveTest, AcceptAndRejectAnswerToo) {
+    open()->accept();
+    EXPECT_EQ(chart->SourcePicker(), nullptr);
+    open()->reject();
+    EXPECT_EQ(chart->SourcePicker(), nullptr);
+}
+
 TEST_F(SelectPrimitiveTest, ReturnAndEnterTakeTheChoice) {
     for (Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
         QTest::keyClick(open(), key);
