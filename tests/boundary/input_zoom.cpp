@@ -65,6 +65,37 @@ TEST_F(ZoomAndScroll, TheBarLiesInTheLastRows) {
     EXPECT_EQ(bar->geometry(), QRect(extent + 2, 400 - extent, 500 - 2 * extent - 3, extent));
 }
 
+TEST_F(ZoomAndScroll, OverTheBarTheCursorIsAnArrow) {
+    addSeries();
+    Mouse mouse(chart);
+    mouse.press(QPoint(200, 200), Qt::MiddleButton); // the cross has a blank cursor
+    mouse.release(QPoint(200, 200), Qt::MiddleButton);
+    ASSERT_EQ(chart.widget->cursor().shape(), Qt::BlankCursor);
+    QEvent enter(QEvent::Enter), leave(QEvent::Leave);
+    QCoreApplication::sendEvent(bar, &enter);
+    EXPECT_EQ(chart.widget->cursor().shape(), Qt::ArrowCursor);
+    QCoreApplication::sendEvent(bar, &leave);
+    EXPECT_EQ(chart.widget->cursor().shape(), Qt::BlankCursor);
+    QCoreApplication::sendEvent(bar, &leave); // a second one finds nothing to put back
+    EXPECT_EQ(chart.widget->cursor().shape(), Qt::BlankCursor);
+    mouse.press(QPoint(200, 200), Qt::MiddleButton);
+}
+
+TEST_F(ZoomAndScroll, AHiddenWindowDoesNotZoom) {
+    addSeries();
+    chart.outer->hide();
+    host.send(3550u);
+    host.send(3552u, 0, -100);
+    chart.outer->show();
+    EXPECT_EQ(bar->pageStep(), 60);
+    EXPECT_EQ(host.milestones, QStringList());
+    host.send(3550u);
+    EXPECT_EQ(bar->pageStep(), 46);
+    EXPECT_TRUE(host.milestones.contains("Zoom in"));
+    host.send(3551u);
+    EXPECT_TRUE(host.milestones.contains("Zoom out"));
+}
+
 TEST_F(ZoomAndScroll, TheSliderFollowsThePositions) {
     addSeries();
     EXPECT_EQ(host.slider->minimum(), -530);
