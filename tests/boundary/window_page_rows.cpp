@@ -249,4 +249,67 @@ TEST_F(WindowPageRows, OneRoomShowsOneEditor) {
     EXPECT_EQ(editors(), 0);
 }
 
+// Each of these calls of a page that is shown or applied may be the window's last.
+TEST(WindowPageCalls, TheWindowMayGoInEachOfThem) {
+    for (const unsigned last : {10057u, 10051u, 10052u, 10053u, 3553u, 5008u}) {
+        for (const bool applied : {false, true}) {
+            FakeHost host;
+            Chart chart = host.createChart();
+            host.addInstrument(chart, "EURUSD");
+            PROPERTY_PAGE *page = host.pages.begin()->second;
+            CopiedPage copy(*page);
+            copy.value<propertyInt>(FreeSpace).value = 1001;
+            copy.value<propertyBoolean>(0, Defaults).value = 1;
+            if (last == 10051)
+                host.pages.clear(); // shown as new again
+            PROPERTY_CHANGE change{host.moduleInterface(), chart.handle, &copy.page};
+            host.answer(last, [&](void *, int, int) {
+                return chart.widget ? host.send(ToModule::DeleteWindow, chart.handle) : 0;
+            });
+            if (applied)
+                EXPECT_EQ(host.send(ToModule::PageChanged, &change), 0);
+            else
+                EXPECT_EQ(host.send(ToModule::TakeFocus, chart.handle), 0);
+            host.answer(last, nullptr);
+            const bool asked = last == 3553 || applied == (last == 10053 || last == 5008);
+            EXPECT_EQ(!chart.widget, asked) << last << " " << applied;
+        }
+    }
+}
+
+TEST_F(WindowPageRows, AHostMayApplyThePageWhileItIsShown) {
+    host.answer(10052, [this](void *target, int wParam, int lParam) {
+        const int result = host.defaultAnswer(target, 10052, wParam, lParam);
+        CopiedPage copy(*page);
+        copy.value<propertyInt>(FreeSpace).value = 77;
+        apply(copy);
+        return result;
+    });
+    showAgain();
+    EXPECT_EQ(static_cast<const propertyInt *>(item(FreeSpace).value)->value, 77);
+    ASSERT_TRUE(container());
+    EXPECT_NE(childOfClass(container(), "CMvAutoscrollProperty"), nullptr);
+}
+
+TEST(WindowPageFonts, FollowTheLanguageAndDoNotGrowWithEachChange) {
+    FakeHost host(FakeHost::Created);
+    host.languages = {{"English", 0}, {"Chinese (Simplified)", 1}};
+    host.send(3004u);
+    host.send(3066u);
+    const Chart chart = host.createChart();
+    const PROPERTY_PAGE *page = host.pages.begin()->second;
+    for (int i = 0; i < 3; ++i) {
+        const auto font = [page](int row) {
+            return static_cast<const propertyFont *>(page->groups[0].items[row]->value);
+        };
+        EXPECT_EQ(fieldText(font(Font)->family), "SimSun");
+        EXPECT_EQ(font(Font)->pointSize, 10);
+        EXPECT_EQ(fieldText(font(TitleFont)->family), "SimSun");
+        EXPECT_EQ(font(TitleFont)->pointSize, 9);
+        CopiedPage copy(*page);
+        PROPERTY_CHANGE change{host.moduleInterface(), chart.handle, &copy.page};
+        EXPECT_EQ(host.send(ToModule::PageChanged, &change), 0);
+    }
+}
+
 } // namespace
