@@ -13,7 +13,13 @@ int ReceiveMessage(void *sender, unsigned int message, int wParam, int lParam);
 struct LinkedHost : FakeHost {
     LinkedHost()
         : FakeHost(Entry{&::GetModuleInfo, &::Initialize, &::ReceiveMessage, &module,
-                         [] { module.OnTimerEvent(); }}) {}
+                         [] { module.OnTimerEvent(); }}) {
+        // The dealing side is looked for once in the life of a module, which here sees many hosts.
+        if (!subscriberOf("DealingEvent")) {
+            module.GetTradeModule()->SubscribeEvents();
+            module.GetTradeModule()->GetInterfacesList();
+        }
+    }
     // The linked module outlives the windows that a stop leaves.
     ~LinkedHost() {
         close();

@@ -84,12 +84,17 @@ TEST(DayOff, GoesWithTheLastAccount) {
     mvdDealAccount account = zeroRecord<mvdDealAccount>();
     account.interfaceHandle = host.interfaceOf("DEALING");
     account.account = 79;
-    host.emitEvent("DealingEvent", 16002, &account, sizeof account);
-    EXPECT_TRUE(module.IsDayOff("AUDCAD"));
-    host.emitEvent("DealingEvent", 16003, &account, sizeof account);
-    EXPECT_FALSE(module.IsDayOff("AUDCAD"));
-    host.emitEvent("DealingEvent", 16048, &account, sizeof account);
-    EXPECT_TRUE(module.IsDayOff("AUDCAD"));
+    MVEvent event = zeroRecord<MVEvent>();
+    event.interfaceHandle = host.moduleInterface();
+    event.subscriber = module.GetTradeModule();
+    event.size = sizeof account;
+    event.data = &account;
+    const std::pair<Word, bool> steps[] = {{16002, true}, {16003, false}, {16048, true}};
+    for (const auto &[code, dayOff] : steps) {
+        event.code = code;
+        EXPECT_EQ(host.send(3114u, &event), 0) << code;
+        EXPECT_EQ(module.IsDayOff("AUDCAD"), dayOff) << code;
+    }
     module.m_dayOff.clear();
 }
 
