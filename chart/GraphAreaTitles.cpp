@@ -72,6 +72,13 @@ QString valuePart(const CRPrimitive *primitive, bool top) {
     return titleValue(value, decimalsOf(primitive->m_fPoint));
 }
 
+/// The upper `rows` rows of a text whose rectangle is `rect`.
+void drawTitle(QPainter &painter, const QRect &rect, int rows, const QString &text, const QColor &color) {
+    painter.setClipRect(QRect(rect.left(), rect.top(), rect.width() + 3, rows));
+    painter.setPen(color);
+    painter.drawText(rect.left() + 3, rect.bottom() - 1, text);
+}
+
 } // namespace
 
 void CRGraphArea::DrawTitles(QPainter &painter, const QRect &pane) {
@@ -105,21 +112,13 @@ void CRGraphArea::DrawTitles(QPainter &painter, const QRect &pane) {
         const int remarkWidth = dayOff ? textWidth(font, remark) : 0;
         if (!anchors.IsOut()) {
             const QRect rect = anchors.Place(width, height);
-            const QRect clip(rect.left(), rect.top(), width + 3, height);
-            painter.setClipRect(clip);
-            painter.setPen(primitive->m_lineColor);
-            painter.drawText(rect.left() + 3, rect.bottom() - 1, text);
-            if (m_pWidget->m_bTwoColorTitles && primitive->m_type >= PT_CANDLE && primitive->m_type <= PT_MARKS) {
-                painter.setClipRect(QRect(clip.left(), clip.top(), clip.width(), height / 2));
-                painter.setPen(primitive->m_riseColor);
-                painter.drawText(rect.left() + 3, rect.bottom() - 1, text);
-            }
-            if (dayOff) {
-                const QRect remarkRect = anchors.PlaceRemark(rect, remarkWidth);
-                painter.setClipRect(QRect(remarkRect.left(), remarkRect.top(), remarkWidth + 3, height));
-                painter.setPen(Qt::red);
-                painter.drawText(remarkRect.left() + 3, remarkRect.bottom() - 1, remark);
-            }
+            const bool twoColors = m_pWidget->m_bTwoColorTitles && primitive->m_type >= PT_CANDLE &&
+                                   primitive->m_type <= PT_MARKS;
+            drawTitle(painter, rect, height, text, primitive->m_lineColor);
+            if (twoColors)
+                drawTitle(painter, rect, height / 2, text, primitive->m_riseColor);
+            if (dayOff)
+                drawTitle(painter, anchors.PlaceRemark(rect, remarkWidth), height, remark, Qt::red);
         }
         anchors.Advance(width, height, remarkWidth);
         if (top)

@@ -31,6 +31,22 @@ TimeRun timesOf(const CRPrimitive *primitive) {
     return run;
 }
 
+/// The first of the series with the smallest period, and that period in minutes. A letter that is no period
+/// counts as that of the series before.
+const CRPrimitive *finestOf(const std::vector<CRPrimitive *> &list, int &smallest) {
+    const CRPrimitive *finest = nullptr;
+    int minutes = noPeriod;
+    for (const CRPrimitive *primitive : list) {
+        const namePeriod &period = primitive->GetArray()->identity.m_periods;
+        minutes = periodMinutes(period.period, period.lenPeriod, minutes);
+        if (!finest || minutes < smallest) {
+            smallest = minutes;
+            finest = primitive;
+        }
+    }
+    return finest;
+}
+
 } // namespace
 
 void CRGraphWidget::UpdatePrimitivePositions(const ScreenDataPointsUpdate &, bool force) {
@@ -68,17 +84,8 @@ void CRGraphWidget::RebuildPositions(bool force) {
                 visible.push_back(primitive);
         }
     }
-    const CRPrimitive *base = nullptr;
     int smallest = noPeriod;
-    int minutes = noPeriod;
-    for (const CRPrimitive *primitive : visible) {
-        const namePeriod &period = primitive->GetArray()->identity.m_periods;
-        minutes = periodMinutes(period.period, period.lenPeriod, minutes);
-        if (!base || minutes < smallest) {
-            smallest = minutes;
-            base = primitive;
-        }
-    }
+    const CRPrimitive *base = finestOf(visible, smallest);
     if (!base)
         return;
     m_nMinPeriodSeconds = smallest == noPeriod ? secondsPerDay : smallest * 60;
