@@ -2,12 +2,12 @@
 #include "chart/GraphArea.h"
 #include "chart/GraphLayer.h"
 #include "chart/GraphWidget.h"
+#include "dialogs/OkCancelButtons.h"
 #include "module/Module.h"
 #include "objects/Indicator.h"
 
 #include <QDialogButtonBox>
 #include <QIcon>
-#include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -59,15 +59,11 @@ CChooseLayerDialog::CChooseLayerDialog(const CRGraphArea *area, int current, QSt
     for (int i = 0; i < columnCount; ++i)
         m_tree->resizeColumnToContents(i);
 
-    auto *buttons = new QDialogButtonBox(this);
-    QPushButton *ok = buttons->addButton(module->tr("C0049Ok"), QDialogButtonBox::AcceptRole);
-    QPushButton *cancel = buttons->addButton(module->tr("C0007Cancel"), QDialogButtonBox::RejectRole);
-    ok->setDefault(true);
+    QDialogButtonBox *buttons = makeOkCancelButtons(this);
     auto *column = new QVBoxLayout(this);
     column->addWidget(m_tree);
     column->addWidget(buttons);
-    connect(ok, &QPushButton::clicked, this, &QDialog::accept);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(m_tree, &QTreeWidget::itemClicked, this, &CChooseLayerDialog::OnSelectionChanged);
     connect(m_tree, &QTreeWidget::itemDoubleClicked, this, &CChooseLayerDialog::OnDoubleClicked);
     connect(m_tree, &QTreeWidget::itemSelectionChanged, this,

@@ -1,4 +1,5 @@
 #include "dialogs/DateTimeDlg.h"
+#include "dialogs/OkCancelButtons.h"
 #include "module/FindDateData.h"
 #include "module/Module.h"
 
@@ -7,7 +8,6 @@
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QIcon>
-#include <QPushButton>
 #include <QTimeEdit>
 
 DateTimeDlg::DateTimeDlg(QWidget *parent)
@@ -21,17 +21,13 @@ DateTimeDlg::DateTimeDlg(QWidget *parent)
     m_date->setCalendarPopup(true);
     m_date->setTimeSpec(Qt::UTC);
     m_time->setTimeSpec(Qt::UTC);
-    auto *buttons = new QDialogButtonBox(this);
-    QPushButton *ok = buttons->addButton(module->tr("C0049Ok"), QDialogButtonBox::AcceptRole);
-    QPushButton *cancel = buttons->addButton(module->tr("C0007Cancel"), QDialogButtonBox::RejectRole);
-    ok->setDefault(true);
+    QDialogButtonBox *buttons = makeOkCancelButtons(this);
     auto *form = new QFormLayout(this);
     form->addRow(module->tr("G0140"), m_date);
     form->addRow(module->tr("G0141"), m_time);
     form->addRow(m_save);
     form->addRow(buttons);
-    connect(ok, &QPushButton::clicked, this, &QDialog::accept);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
 }
 
 DateTimeDlg::~DateTimeDlg() = default;

@@ -2,6 +2,7 @@
 #include "chart/GraphArea.h"
 #include "chart/GraphLayer.h"
 #include "chart/GraphWidget.h"
+#include "dialogs/OkCancelButtons.h"
 #include "module/Module.h"
 #include "support/Log.h"
 
@@ -11,7 +12,6 @@
 #include <QHeaderView>
 #include <QIcon>
 #include <QPointer>
-#include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -48,18 +48,14 @@ CSelectObjectsDlg::CSelectObjectsDlg(const char *titleId, const char *logTag, QW
     m_typeTree->setColumnCount(1);
     m_typeTree->headerItem()->setText(0, module->tr("G0156"));
     m_typeTree->setRootIsDecorated(false);
-    auto *buttons = new QDialogButtonBox(this);
-    QPushButton *ok = buttons->addButton(module->tr("C0049Ok"), QDialogButtonBox::AcceptRole);
-    QPushButton *cancel = buttons->addButton(module->tr("C0007Cancel"), QDialogButtonBox::RejectRole);
-    ok->setDefault(true);
+    QDialogButtonBox *buttons = makeOkCancelButtons(this);
     auto *trees = new QHBoxLayout;
     trees->addWidget(m_objectTree, 3);
     trees->addWidget(m_typeTree, 2);
     auto *column = new QVBoxLayout(this);
     column->addLayout(trees);
     column->addWidget(buttons);
-    connect(ok, &QPushButton::clicked, this, &CSelectObjectsDlg::OnOK);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(buttons, &QDialogButtonBox::accepted, this, &CSelectObjectsDlg::OnOK);
     resize(560, 360);
 }
 

@@ -1,34 +1,25 @@
 #include "dialogs/TimeFrameForm.h"
+#include "dialogs/OkCancelButtons.h"
 #include "module/Module.h"
 
 #include <QComboBox>
-#include <QHBoxLayout>
+#include <QDialogButtonBox>
 #include <QIcon>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 TimeFrameForm::TimeFrameForm(QWidget *parent)
-    : QDialog(parent), m_label(new QLabel(this)), m_combo(new QComboBox(this)), m_ok(new QPushButton(this)),
-      m_cancel(new QPushButton(this)) {
+    : QDialog(parent), m_combo(new QComboBox(this)) {
     const CModule *module = GetModule();
     setModal(true);
     setWindowTitle(module->tr("G0198"));
     setWindowIcon(QIcon(":/graphlogo.png"));
-    m_label->setText(module->tr("G0197"));
-    m_ok->setText(module->tr("C0049Ok"));
-    m_cancel->setText(module->tr("C0007Cancel"));
-    m_ok->setDefault(true);
-    auto *row = new QHBoxLayout;
-    row->addStretch();
-    row->addWidget(m_ok);
-    row->addWidget(m_cancel);
+    QDialogButtonBox *buttons = makeOkCancelButtons(this);
     auto *column = new QVBoxLayout(this);
-    column->addWidget(m_label);
+    column->addWidget(new QLabel(module->tr("G0197"), this));
     column->addWidget(m_combo);
-    column->addLayout(row);
-    connect(m_ok, &QPushButton::clicked, this, &QDialog::accept);
-    connect(m_cancel, &QPushButton::clicked, this, &QDialog::reject);
+    column->addWidget(buttons);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
 }
 
 void TimeFrameForm::SetItems(const QStringList &items, int current) {

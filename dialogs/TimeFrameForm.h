@@ -3,8 +3,6 @@
 #include <QStringList>
 
 class QComboBox;
-class QLabel;
-class QPushButton;
 
 // Asks for the time frame of a report chart.
 class TimeFrameForm : public QDialog {
@@ -17,8 +15,5 @@ public:
     QComboBox *Combo() const { return m_combo; }
 
 private:
-    QLabel *m_label;
     QComboBox *m_combo;
-    QPushButton *m_ok;
-    QPushButton *m_cancel;
 };

@@ -158,8 +158,9 @@ void CRGraphWidget::OnSelectPrimitive() {
     QPointer<CRGraphWidget> guard(this);
     setCursor(Qt::ArrowCursor);
     CRPrimitive *primitive = m_selectPrimitive->GetCurrentPrimitive();
+    const QString name = m_pickName; // the next choice may begin inside the addition
     if (primitive && FindWidgetPrimitive(primitive))
-        AddSecondaryPrimitive(m_pickName.utf16(), m_pickInterface, primitive, nullptr);
+        AddSecondaryPrimitive(name.utf16(), m_pickInterface, primitive, nullptr);
     if (guard)
         ClosePicker();
 }

@@ -116,6 +116,25 @@ TEST_F(DialogTest, TheTimeFrameFormGivesTheChosenRow) {
     EXPECT_EQ(form.findChild<QLabel *>()->text(), "G0197");
 }
 
+TEST_F(DialogTest, AnOkAndCancelFootEndsItsDialog) {
+    TimeFrameForm form;
+    DateTimeDlg date;
+    for (QDialog *dialog : {static_cast<QDialog *>(&form), static_cast<QDialog *>(&date)}) {
+        EXPECT_TRUE(dialog->isModal());
+        const auto buttons = dialog->findChildren<QPushButton *>();
+        ASSERT_EQ(buttons.size(), 2);
+        for (QPushButton *button : buttons) {
+            const bool ok = button->text() == "C0049Ok";
+            EXPECT_EQ(button->text(), ok ? "C0049Ok" : "C0007Cancel");
+            EXPECT_EQ(button->isDefault(), ok);
+            dialog->show();
+            button->click();
+            EXPECT_FALSE(dialog->isVisible());
+            EXPECT_EQ(dialog->result(), ok ? QDialog::Accepted : QDialog::Rejected);
+        }
+    }
+}
+
 TEST_F(DialogTest, ABoxIsAsWideAsItsWidestLine) {
     const struct {
         const char *text;
