@@ -1,7 +1,9 @@
 // The settings page of a chart window: its rows, and what each of them changes.
 #include "tests/support/FakeHost.h"
 
+#include <QDialog>
 #include <QFont>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QToolButton>
 #include <gtest/gtest.h>
@@ -282,6 +284,45 @@ TEST_F(WindowPage, EverySwitchOfTheLookChangesThePicture) {
     addInstrument();
     for (int row : {Border, TwoColors, VerticalGrid, HorizontalGrid, LeftScale, RightScale, LastCandle})
         EXPECT_TRUE(changesPicture(row)) << rows[row].caption;
+}
+
+TEST_F(WindowPage, CandlesAloneMakeTheRange) {
+    addInstrument();
+    FakeIndicator kind;
+    kind.name = kind.displayName = "FAR";
+    kind.outputs.push_back({"Far", 4, 0, 0, [](const std::vector<float> &closes, int i) {
+                                return 3 * closes[static_cast<std::size_t>(i)];
+                            }});
+    host.addIndicatorKind(kind);
+    host.onDialog([](QDialog *dialog) { dialog->accept(); }); // on the layer of the candles
+    ASSERT_EQ(host.addIndicator(chart, "FAR"), 0);
+    host.tick();
+    EXPECT_TRUE(changesPicture(Candles));
+    EXPECT_TRUE(changesPicture(Candles));
+}
+
+TEST_F(WindowPage, TheInformationBoxShowsOnePaneOrAll) {
+    addInstrument();
+    ASSERT_NE(host.addInstrument(chart, "GBP"), nullptr); // in a pane of its own
+    host.tick();
+    picture();
+    const auto shown = [this] {
+        host.locatorItems.clear();
+        QMouseEvent move(QEvent::MouseMove, QPoint(300, 100), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(chart.widget, &move);
+        return host.locatorItems.size();
+    };
+    const std::size_t all = shown();
+    page.setFlag(AllAreas, false);
+    page.apply();
+    picture();
+    const std::size_t one = shown();
+    EXPECT_GT(one, 0u);
+    EXPECT_LT(one, all);
+    page.setFlag(AllAreas, true);
+    page.apply();
+    picture();
+    EXPECT_EQ(shown(), all);
 }
 
 TEST_F(WindowPage, LastCandleRowChecksTheHostsButton) {
