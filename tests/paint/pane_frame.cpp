@@ -298,6 +298,30 @@ TEST_F(PaneFrame, OnePointHasNoLastPrice) {
     EXPECT_EQ(picture.countColor(QRect(850, 20, 50, picture.chartHeight() - 20), fall), 0);
 }
 
+// ---- sizes ----
+
+TEST_F(PaneFrame, WindowsOfAnySizeArePainted) {
+    add(makeBars(200, start, hour));
+    addPane();
+    add(makeBars(200, start, hour), "GBP", 'I', 0);
+    addPane();
+    setFlag(5, true);
+    showLastPrice();
+    host.emitEvent("Velmar Game Mode", 1001);
+    Word cross = 1;
+    host.send(ToModule::ShowCrossCursor, 1, &cross);
+    for (const int place : {0, 1, 2}) {
+        placeTitles(place);
+        for (const int width : {1, 2, 60, 104, 110, 130, 4000}) {
+            for (const int height : {1, 20, 42, 45, 60, 3000}) {
+                chart.widget->resize(width, height);
+                EXPECT_EQ(view().image().size(), QSize(width, height));
+            }
+        }
+    }
+    host.emitEvent("Velmar Game Mode", 1002);
+}
+
 // ---- switches ----
 
 TEST_F(PaneFrame, GameModeHasAWatermark) {

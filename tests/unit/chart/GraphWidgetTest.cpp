@@ -620,7 +620,7 @@ TEST_F(GraphWidget, RubberBandInvertsTwoColumns) {
     widget->m_rangeSelecting = false;
 }
 
-TEST_F(GraphWidget, StudyUpdateIsNoFrame) {
+TEST_F(GraphWidget, CountingAndMeasuringPaintNoFrame) {
     paint();
     const int frames = widget->m_nFrameCount;
     widget->UpdateScaleWidth();
