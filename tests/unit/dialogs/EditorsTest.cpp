@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QTimeEdit>
 #include <QTimer>
+#include <QtTest>
 #include <gtest/gtest.h>
 
 namespace {
@@ -132,6 +133,13 @@ TEST_F(DialogTest, AnOkAndCancelFootEndsItsDialog) {
             EXPECT_FALSE(dialog->isVisible());
             EXPECT_EQ(dialog->result(), ok ? QDialog::Accepted : QDialog::Rejected);
         }
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+            dialog->show();
+            QTest::keyClick(dialog, key);
+            EXPECT_FALSE(dialog->isVisible());
+            EXPECT_EQ(dialog->result(), key == Qt::Key_Escape ? QDialog::Rejected : QDialog::Accepted);
+        }
+        EXPECT_FALSE(dialog->windowIcon().pixmap(16).isNull());
     }
 }
 
