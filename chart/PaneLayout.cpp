@@ -1,7 +1,7 @@
 #include "chart/PaneLayout.h"
 
 float splitterShare(float wanted, float above, float below) {
-    float share = wanted < minPaneShare ? minPaneShare : wanted;
+    float share = wanted >= minPaneShare ? wanted : minPaneShare; // also for what is no number
     const float largest = above + below - minPaneShare;
     if (share > largest)
         share = largest;

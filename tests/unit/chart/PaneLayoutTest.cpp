@@ -1,5 +1,6 @@
 #include "chart/PaneLayout.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace {
@@ -25,6 +26,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(SplitterCase{"within both", 0.3f, 0.5f, 0.5f, 0.3f},
                     SplitterCase{"under the least share", 0.001f, 0.5f, 0.5f, 0.03f},
                     SplitterCase{"below zero", -2.0f, 0.5f, 0.5f, 0.03f},
+                    SplitterCase{"no number, from a pane without rows", std::nanf(""), 0.5f, 0.5f, 0.03f},
                     SplitterCase{"the pane above keeps its least share", 0.99f, 0.5f, 0.5f, 0.97f},
                     SplitterCase{"exactly the cap", 0.97f, 0.5f, 0.5f, 0.97f},
                     SplitterCase{"a sum too small for both: the pane above wins", 0.03f, 0.02f, 0.02f, 0.01f}));
