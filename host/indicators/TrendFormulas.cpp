@@ -181,12 +181,13 @@ public:
     }
     std::vector<LineLook> lines() const override {
         std::vector<LineLook> lines(3);
-        const char *const names[] = {"Upper", "Middle", "Lower"};
+        const char *const names[] = {"Middle", "Upper", "Lower"};
         for (size_t i = 0; i < lines.size(); ++i) {
             lines[i].name = QStringLiteral("Bollinger %1 (%2)").arg(QLatin1String(names[i]), arguments());
-            lines[i].colour = i == 1 ? 0xff4f8fa8 : 0xff9cc6d4; // pale: the area between them is filled
+            // The first line also colours the title; the others are pale, as the area between them is filled.
+            lines[i].colour = i == 0 ? 0xff2f7f9f : 0xffbfdce6;
         }
-        lines[1].present = switchOf(m_middle);
+        lines[0].present = switchOf(m_middle);
         return lines;
     }
     void reset() override {}
@@ -210,12 +211,12 @@ public:
                 squares += away * away;
             }
             const double width = doubleOf(m_width) * std::sqrt(squares / length);
-            lines[0]->add(mean + width);
-            lines[1]->add(mean);
+            lines[0]->add(mean);
+            lines[1]->add(mean + width);
             lines[2]->add(mean - width);
         }
     }
-    std::vector<LineJoin> joins() const override { return {{0, 2, true, 0}}; }
+    std::vector<LineJoin> joins() const override { return {{1, 2, true, 0}}; }
 
 private:
     int m_length, m_width, m_price, m_middle;

@@ -68,6 +68,12 @@ void MainWindow::makeDocks() {
     resizeDocks({m_symbols, m_properties}, {290, 320}, Qt::Horizontal);
     resizeDocks({m_symbols, m_indicators}, {240, 420}, Qt::Vertical);
     resizeDocks({m_log}, {150}, Qt::Vertical);
+    // The page needs the room: a dock that comes into view beside another would get what is left.
+    for (QDockWidget *dock : {static_cast<QDockWidget *>(m_properties), static_cast<QDockWidget *>(m_information)})
+        connect(dock, &QDockWidget::visibilityChanged, this, [this](bool visible) {
+            if (visible && !m_properties->isHidden() && !m_information->isHidden())
+                resizeDocks({m_properties, m_information}, {300, 100}, Qt::Vertical);
+        });
 }
 
 QToolButton *MainWindow::makeButton(const QString &name, const QString &icon) {

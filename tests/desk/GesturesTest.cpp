@@ -263,6 +263,17 @@ TEST_F(DeskTest, AChangedPageGoesBackToTheChart) {
     EXPECT_EQ(dock.view().page().find(grid->group, grid->index)->value.toBool(), !grid->value.toBool());
 }
 
+TEST_F(DeskTest, APageGetsMostOfTheRoomBesideTheInformationBox) {
+    startWithOneChart();
+    click(child<QToolButton>("informationBox"));
+    QTest::qWait(50);
+    window().properties().raiseDock();
+    QTest::qWait(50);
+    const int page = window().properties().height(), information = window().information().height();
+    EXPECT_GT(page, 2 * information) << "page " << page << ", information " << information;
+    EXPECT_GT(information, 60);
+}
+
 TEST_F(DeskTest, AHostedWidgetOfAPageStandsInItsRoom) {
     startWithOneChart();
     window().properties().raiseDock();

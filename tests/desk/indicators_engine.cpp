@@ -181,9 +181,11 @@ TEST_F(IndicatorEngine, LevelsAndLinks) {
     EXPECT_EQ(+cloud[0].colorMode, 2u);
     const Handle bands = indicator("Bollinger", base);
     ASSERT_EQ(links(bands).size(), 1u);
+    EXPECT_EQ(+links(bands)[0].firstLine, 2);
     EXPECT_EQ(+links(bands)[0].secondLine, 3);
     EXPECT_EQ(set(bands, "Middle line", false), QString());
-    EXPECT_EQ(+links(bands)[0].secondLine, 2) << "line numbers follow the outputs";
+    EXPECT_EQ(+links(bands)[0].firstLine, 1) << "line numbers follow the outputs";
+    EXPECT_EQ(+links(bands)[0].secondLine, 2);
     EXPECT_TRUE(links(indicator("MA", base)).empty());
 }
 

@@ -182,8 +182,8 @@ TEST_F(IndicatorValues, BollingerBands) {
         upper[i] = mean[i] + 2 * std::sqrt(variance);
         lower[i] = mean[i] - 2 * std::sqrt(variance);
     }
-    expectLine(bands, 1, upper);
-    expectLine(bands, 2, mean);
+    expectLine(bands, 1, mean);
+    expectLine(bands, 2, upper);
     expectLine(bands, 3, lower);
 }
 
