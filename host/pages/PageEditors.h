@@ -48,6 +48,7 @@ struct PageEditor {
     QWidget *widget = nullptr;
     std::function<QVariant()> value;
     std::function<void(const QVariant &)> setValue;
+    std::function<void()> keep = nullptr; // of a hosted widget alone: its values were taken
 };
 
 // The editor of an item's kind, with the item's value and limits.

@@ -86,6 +86,13 @@ quint32 PageView::windowId(int group, int index) const {
     return found && item && item->kind == PageItem::Widget ? found->editor.value().toUInt() : 0;
 }
 
+void PageView::keepHostedValues() {
+    for (const Row &candidate : m_rows) {
+        if (candidate.editor.keep)
+            candidate.editor.keep();
+    }
+}
+
 void PageView::setItemValue(int group, int index, const QVariant &value) {
     if (PageItem *item = m_page.find(group, index))
         item->value = value;

@@ -20,6 +20,7 @@ public:
     void setChanged(bool changed);
     // Window ids of the hosted items are valid from setPage on.
     quint32 windowId(int group, int index) const;
+    void keepHostedValues(); // they are what setItemValue brings back
     void setItemValue(int group, int index, const QVariant &value);
     QWidget *editor(int group, int index) const;
 

@@ -80,8 +80,10 @@ void PropertyDock::apply() {
     const QString refusal = applyPage(page);
     if (!alive)
         return;
-    if (shows(key) && refusal.isEmpty())
+    if (shows(key) && refusal.isEmpty()) {
         m_page = m_view->page();
+        m_view->keepHostedValues();
+    }
     m_refusal->setText(refusal);
     m_refusal->setVisible(!refusal.isEmpty());
     if (!refusal.isEmpty())
@@ -93,10 +95,8 @@ void PropertyDock::reset() {
         return;
     m_refusal->hide();
     for (const PageGroup &group : m_page.groups) {
-        for (const PageItem &item : group.items) {
-            if (item.kind != PageItem::Widget)
-                m_view->setItemValue(item.group, item.index, item.value);
-        }
+        for (const PageItem &item : group.items)
+            m_view->setItemValue(item.group, item.index, item.value);
     }
     m_view->setChanged(false);
 }

@@ -293,6 +293,35 @@ TEST_F(DeskTest, AHostedWidgetOfAPageStandsInItsRoom) {
     EXPECT_EQ(rooms, 1);
 }
 
+// What the user does in a hosted widget is a change like any other.
+TEST_F(DeskTest, AHostedWidgetIsAppliedAndTakenBack) {
+    startWithOneChart();
+    window().properties().raiseDock();
+    deck().active()->takeFocus();
+    QTest::qWait(20);
+    const auto hosted = [this] {
+        QWidget *room = window().properties().view().editor(1, 2);
+        return room ? room->findChild<QCheckBox *>() : nullptr;
+    };
+    QPushButton *apply = child<QPushButton>("applyPage");
+    ASSERT_TRUE(hosted());
+    ASSERT_TRUE(hosted()->isChecked());
+    QTest::keyClick(hosted(), Qt::Key_Space);
+    EXPECT_TRUE(apply->isEnabled());
+    click(child<QPushButton>("resetPage"));
+    EXPECT_TRUE(hosted()->isChecked());
+    EXPECT_FALSE(apply->isEnabled());
+    QTest::keyClick(hosted(), Qt::Key_Space);
+    click(apply);
+    EXPECT_FALSE(apply->isEnabled());
+    deck().active()->takeFocus(); // the page is shown again, in a new room
+    ASSERT_TRUE(hosted());
+    EXPECT_FALSE(hosted()->isChecked());
+    QTest::qWait(20);
+    hosted()->setChecked(true); // the chart's own doing
+    EXPECT_FALSE(apply->isEnabled());
+}
+
 TEST_F(DeskTest, TheLanguageMenuTurnsEveryTextOfTheDesk) {
     startWithOneChart();
     const int texts = countTraced("3019 insert text");
