@@ -183,13 +183,13 @@ PageEditor makeBooleanEditor(const PageItem &item, QWidget *parent, const std::f
             }};
 }
 
-// A hosted widget's room: the value is the window id that the owner finds it by. Whatever is set, what stands in
-// the room goes back to what it showed when it was kept.
+// A hosted widget's room: the value is the window id that the owner finds it by. Whatever is set, what stands
+// in the room goes back to what it showed when it was kept.
 PageEditor makeHostedEditor(const PageItem &item, QWidget *parent, const std::function<void()> &changed) {
     auto *room = new HostedRoom(changed, parent);
     room->setMinimumSize(qMax(0, item.width), qMax(0, item.height));
-    return {room, [room] { return QVariant(quint32(room->winId())); }, [room](const QVariant &) { room->restore(); },
-            [room] { room->keep(); }};
+    return {room, [room] { return QVariant(quint32(room->winId())); },
+            [room](const QVariant &) { room->restore(); }, [room] { room->keep(); }};
 }
 
 using MakeEditor = PageEditor (*)(const PageItem &, QWidget *, const std::function<void()> &);
