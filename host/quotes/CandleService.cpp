@@ -86,9 +86,18 @@ std::shared_ptr<Candle> CandleService::find(Handle object) const {
     return found && &found->maker() == this ? std::static_pointer_cast<Candle>(found) : nullptr;
 }
 
+// The chart's own menu names a pair by the currency that stands against the dollar.
+const SymbolHistory *CandleService::historyOf(const QString &symbol) const {
+    const SymbolHistory *history = m_book.history(symbol);
+    if (history || !isCurrency(symbol))
+        return history;
+    history = m_book.history(symbol + QStringLiteral("/USD"));
+    return history ? history : m_book.history(QStringLiteral("USD/") + symbol);
+}
+
 std::shared_ptr<Candle> CandleService::series(const QString &symbol, Side side, Period period,
                                               quint32 uniqueNumber) {
-    const SymbolHistory *history = m_book.history(symbol);
+    const SymbolHistory *history = historyOf(symbol);
     if (!history || !period.isValid())
         return nullptr;
     const QString name = history->info().name;
@@ -183,7 +192,7 @@ void CandleService::displayName(int wParam) const {
     if (!wParam)
         return;
     auto &names = *fromWord<coreDisplayNames>(wParam);
-    const SymbolHistory *history = m_book.history(fieldText(names.symbol));
+    const SymbolHistory *history = historyOf(fieldText(names.symbol));
     if (!history)
         return;
     const QString symbol = history->info().name;

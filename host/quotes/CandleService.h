@@ -39,6 +39,7 @@ private:
     int outputs(Handle object, int lParam) const;
     int change(Handle object, int lParam);
     int loadOlder(Handle object, int seconds);
+    const SymbolHistory *historyOf(const QString &symbol) const; // also of "EUR" alone; null for an unknown one
     void displayName(int wParam) const;
     void quoted(const QString &symbol);
     void historyChanged(const QString &symbol);

@@ -32,6 +32,20 @@ TEST_F(Candles, WhatIsUnknownIsRefusedInASentence) {
     EXPECT_TRUE(front.sentences.front().contains(QStringLiteral("XYZ")));
 }
 
+TEST_F(Candles, ACurrencyAloneIsItsPairWithTheDollar) {
+    give("EUR/USD", walk(10));
+    give("USD/CHF", walk(10, 2));
+    give("EUR/GBP", walk(10, 3));
+    EXPECT_EQ(instrument("EUR", "Bid", m5), instrument("EUR/USD", "Bid", m5));
+    EXPECT_EQ(instrument("CHF", "Ask", m5), instrument("USD/CHF", "Ask", m5));
+    EXPECT_EQ(front.sentences, QStringList());
+    EXPECT_EQ(instrument("GBP", "Bid", m5), 0u) << "against the euro only";
+    auto names = zeroRecord<coreDisplayNames>();
+    fillField(names.symbol, QStringLiteral("CHF"));
+    sendTo(candles->interfaceHandle(), ToHost::SymbolDisplayName, toWord(&names));
+    EXPECT_EQ(fieldText(names.alias), QStringLiteral("USD/CHF"));
+}
+
 TEST_F(Candles, ArrayHoldsTheBarsInTheAgreedRecord) {
     const std::vector<Bar> bars = walk(300);
     give("EUR/USD", bars);
