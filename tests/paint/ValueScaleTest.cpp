@@ -194,19 +194,30 @@ TEST(ValueScalePaint, TextsStandInBothScales) {
     EXPECT_GT(colorCount(picture, right, textColor), 100);
 }
 
-TEST(ValueScalePaint, SecondLayerTakesTheLeftScale) {
-    SeriesChart test(makeBars(200));
+/// A line in a layer of its own, without a source: beside several series the user would have to name one.
+void addInNewLayer(SeriesChart &test, const QString &name, float value) {
     FakeIndicator kind;
-    kind.name = kind.displayName = "IND";
-    kind.outputs = {constant("A", 4, 0, 1, 500.0f)};
+    kind.name = kind.displayName = name;
+    kind.inputs = 0;
+    kind.outputs = {constant("A", 4, 0, 1, value)};
     test.host.addIndicatorKind(kind);
     test.host.onDialog([](QDialog *dialog) { // the last row is a new layer
         auto *tree = dialog->findChild<QTreeWidget *>();
         tree->setCurrentItem(tree->topLevelItem(tree->topLevelItemCount() - 1));
         dialog->accept();
     });
-    test.host.addIndicator(test.chart, "IND");
+    test.host.addIndicator(test.chart, name);
+    std::vector<Value> values;
+    for (const Bar &bar : makeBars(200))
+        values.push_back({bar.time, value});
+    test.host.lastObject()->array().setValues(values);
+    test.host.update(test.host.lastObject(), 1);
     test.host.tick();
+}
+
+TEST(ValueScalePaint, SecondLayerTakesTheLeftScale) {
+    SeriesChart test(makeBars(200));
+    addInNewLayer(test, "IND", 500.0f);
     ASSERT_EQ(test.chart.handle->m_areas.front()->m_layers.size(), 2u);
     const QImage picture = test.grab();
     const LayerView first = test.view(0, 0), second = test.view(0, 1);
@@ -222,6 +233,27 @@ TEST(ValueScalePaint, SecondLayerTakesTheLeftScale) {
     second.layer->m_max += 300;
     const QImage after = test.grab().copy(left);
     EXPECT_NE(before, after);
+}
+
+TEST(ValueScalePaint, FurtherLayersHaveNoScale) {
+    SeriesChart test(makeBars(200));
+    addInNewLayer(test, "Second", 500.0f);
+    addInNewLayer(test, "Third", 9000.0f);
+    ASSERT_EQ(test.chart.handle->m_areas.front()->m_layers.size(), 3u);
+    const QImage before = test.grab();
+    const QRect plot = test.view().layer->m_rect;
+    CRGraphLayer *third = test.view(0, 2).layer;
+    ASSERT_GT(third->m_max, 8000);
+    third->m_bDataScaleSelfTuning = false;
+    third->m_max += 3000;
+    third->m_min -= 1000;
+    const QImage after = test.grab();
+    EXPECT_NE(after.copy(plot), before.copy(plot)); // the series itself moves
+    for (const QRect &side : {QRect(QPoint(0, 0), QPoint(plot.left() - 1, plot.bottom())),
+                              QRect(QPoint(plot.right() + 1, 0), QPoint(799, plot.bottom()))})
+        EXPECT_EQ(after.copy(side), before.copy(side));
+    EXPECT_TRUE(third->m_rightAutoRect.isEmpty());
+    EXPECT_TRUE(third->m_leftAutoRect.isEmpty());
 }
 
 TEST(ValueScalePaint, AutoButtonStandsOnAFrozenScaleOnly) {
