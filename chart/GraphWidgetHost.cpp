@@ -29,6 +29,7 @@ void leaveGame(CRGraphModule *module) {
         mvdList list{static_cast<int>(count), accounts.data()};
         if (module->Send(dealing, ToHost::Accounts, &list, 0) != 0)
             continue;
+        accounts.resize(static_cast<std::size_t>(qBound(0, list.count, static_cast<int>(count))));
         for (const mvdDealAccount &account : accounts)
             HostCalls::accountLeavesGame(dealing, fromWord<void>(account.account));
     }

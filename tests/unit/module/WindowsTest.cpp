@@ -48,11 +48,12 @@ TEST(Modes, EveryAccountLeavesTheGame) {
     host.answer(ToHost::AccountCount, [second](void *target, int wParam, int) {
         if (target != fromWord<void>(second))
             return 1;
-        *fromWord<Word>(wParam) = 2;
+        *fromWord<Word>(wParam) = 3;
         return 0;
     });
     host.answer(ToHost::Accounts, [](void *, int wParam, int) {
         auto *accounts = static_cast<mvdDealAccount *>(fromWord<mvdList>(wParam)->records);
+        fromWord<mvdList>(wParam)->count = 2; // one has gone since they were counted
         accounts[0].account = 71;
         accounts[1].account = 72;
         return 0;
