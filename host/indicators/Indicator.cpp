@@ -3,6 +3,7 @@
 #include "module/HostRecords.h"
 #include <QCoreApplication>
 #include <algorithm>
+#include <iterator>
 
 namespace desk {
 
@@ -75,6 +76,14 @@ void Indicator::ownArrays() {
     for (Output &output : m_outputs)
         output.line->record()->owner = fromWord<void>(handle());
     describe();
+}
+
+void Indicator::tellApart(int copy) {
+    static const quint32 colours[] = {0xffe07b00, 0xff8e44ad, 0xff00897b, 0xffd81b60, 0xff6d4c41};
+    coreTypeShow &show = m_outputs.front().line->record()->typeShow;
+    if (copy == 0 || m_outputs.size() != 1 || show.drawKind != DrawByStyle || show.lineShowType != ShowLine)
+        return;
+    show.firstColor = show.secondColor = colours[static_cast<size_t>(copy - 1) % std::size(colours)];
 }
 
 void Indicator::setInputs(const std::vector<Input> &inputs, int level) {

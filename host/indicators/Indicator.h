@@ -32,6 +32,7 @@ public:
     bool isStale() const { return m_stale; }
     void recompute();
     void ownArrays(); // writes the object's handle into its arrays
+    void tellApart(int copy); // another colour for a further line of the same kind; the first one is copy 0
 
     bool isInstrument() const override { return false; }
     const coreNameInstrument &identity() const override { return m_identity; }

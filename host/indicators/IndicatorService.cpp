@@ -151,6 +151,11 @@ void IndicatorService::create(coreDemandsIndicator &demand) {
     m_indicators.erase(std::remove_if(m_indicators.begin(), m_indicators.end(),
                                       [](const auto &known) { return known.expired(); }),
                        m_indicators.end());
+    indicator->tellApart(
+        static_cast<int>(std::count_if(m_indicators.begin(), m_indicators.end(), [kind](const auto &known) {
+            const auto other = known.lock();
+            return other && &other->kind() == kind;
+        })));
     m_indicators.push_back(indicator);
     m_inMaking = indicator->handle();
     demand.handle = fromWord<void>(indicator->handle());

@@ -189,6 +189,16 @@ TEST_F(IndicatorEngine, LevelsAndLinks) {
     EXPECT_TRUE(links(indicator("MA", base)).empty());
 }
 
+TEST_F(IndicatorEngine, LinesOfOneKindHaveColoursOfTheirOwn) {
+    std::set<Word> colours;
+    for (int i = 0; i < 4; ++i)
+        colours.insert(arrays(indicator("MA", base))[0]->typeShow.secondColor);
+    EXPECT_EQ(colours.size(), 4u);
+    // What consists of several lines keeps its colours: they tell the lines apart.
+    const Word first = arrays(indicator("Bollinger", base))[0]->typeShow.secondColor;
+    EXPECT_EQ(+arrays(indicator("Bollinger", base))[0]->typeShow.secondColor, first);
+}
+
 TEST_F(IndicatorEngine, UserMayRefuseIt) {
     front.consent = [](CalculatedObject &) { return false; };
     const Handle handle = demandIndicator("MA");
