@@ -9,7 +9,7 @@
 namespace desk {
 
 DealingHistoryService::DealingHistoryService(Host &host, QuoteBook &book)
-    : Service(host), m_book(book), m_interface(registerInterface("MvDealingHistory", "VELMAR", "Practice")) {
+    : ObjectService(host), m_book(book), m_interface(registerInterface("MvDealingHistory", "VELMAR", "Practice")) {
     take(m_interface, {ToHost::ReportSymbols});
 }
 
@@ -21,17 +21,11 @@ bool DealingHistoryService::openReport(Handle window) {
     return host().sendToModule(ToModule::OpenReport, int(window), toWord(&demand)) == 0;
 }
 
-bool DealingHistoryService::handle(Handle, unsigned message, int wParam, int lParam, int &result) {
+bool DealingHistoryService::handle(Handle target, unsigned message, int wParam, int lParam, int &result) {
     result = 0;
     switch (message) {
-    case ToHost::CreateObject:
-        if (!wParam)
-            return false;
-        create(*fromWord<coreDemandsIndicator>(wParam));
-        return true;
     case ToHost::SourceCount:
-        if (lParam)
-            *fromWord<Word>(lParam) = find(Handle(wParam)) ? 1 : 0;
+        answer(lParam, ownObject(Handle(wParam)) ? 1 : 0);
         return true;
     case ToHost::ReportSymbols:
         result = reportSymbols(Handle(wParam), lParam);
@@ -39,16 +33,8 @@ bool DealingHistoryService::handle(Handle, unsigned message, int wParam, int lPa
     case ToHost::HandOverSources:
         result = bind(Handle(wParam), lParam);
         return true;
-    case ToHost::OutputCount:
-        if (lParam && find(Handle(wParam)))
-            *fromWord<Word>(lParam) = Word(find(Handle(wParam))->outputs().size());
-        return true;
-    case ToHost::OutputArrays:
-        result = outputs(Handle(wParam), lParam);
-        return true;
     case ToHost::ConfirmObject:
-        if (lParam)
-            *fromWord<Word>(lParam) = 1;
+        answer(lParam, 1);
         m_inMaking = 0;
         return true;
     case ToHost::CreationAbandoned:
@@ -58,11 +44,9 @@ bool DealingHistoryService::handle(Handle, unsigned message, int wParam, int lPa
         return true;
     case ToHost::ChangeArray:
     case ToHost::ReloadArray:
-    case ToHost::LoadObject:
-    case ToHost::SaveObject:
         return true; // a report stays as it was made
     default:
-        return false;
+        return ObjectService::handle(target, message, wParam, lParam, result);
     }
 }
 
@@ -82,12 +66,8 @@ void DealingHistoryService::create(coreDemandsIndicator &demand) {
     demand.handle = fromWord<void>(m_inMaking);
 }
 
-std::shared_ptr<DealReport> DealingHistoryService::find(Handle object) const {
-    return std::dynamic_pointer_cast<DealReport>(host().objects().find(object));
-}
-
 int DealingHistoryService::reportSymbols(Handle object, int lParam) const {
-    const std::shared_ptr<DealReport> report = find(object);
+    const std::shared_ptr<DealReport> report = own<DealReport>(object);
     if (!report || !lParam)
         return 1;
     auto &list = *fromWord<coreReportSymbolList>(lParam);
@@ -101,7 +81,7 @@ int DealingHistoryService::reportSymbols(Handle object, int lParam) const {
 
 // Every series of the window is handed over; the report takes its symbol's.
 int DealingHistoryService::bind(Handle object, int lParam) {
-    const std::shared_ptr<DealReport> report = find(object);
+    const std::shared_ptr<DealReport> report = own<DealReport>(object);
     if (!report || !lParam)
         return 1;
     const auto &list = *fromWord<coreListCreateData>(lParam);
@@ -113,18 +93,6 @@ int DealingHistoryService::bind(Handle object, int lParam) {
         }
     }
     report->setBase(0, nullptr);
-    return 0;
-}
-
-int DealingHistoryService::outputs(Handle object, int lParam) const {
-    const std::shared_ptr<DealReport> report = find(object);
-    if (!report || !lParam)
-        return 1;
-    auto &list = *fromWord<coreListCreateData>(lParam);
-    const std::vector<mvDataPointArray *> arrays = report->outputs();
-    if (list.arrays)
-        std::copy_n(arrays.begin(), std::min(std::max(0, int(list.count)), int(arrays.size())), list.arrays);
-    list.count = int(arrays.size());
     return 0;
 }
 

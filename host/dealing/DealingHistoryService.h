@@ -1,9 +1,7 @@
 #pragma once
-#include "host/core/Service.h"
+#include "host/core/ObjectService.h"
 #include <QString>
 #include <memory>
-
-struct coreDemandsIndicator;
 
 namespace desk {
 
@@ -11,7 +9,7 @@ class DealReport;
 class QuoteBook;
 
 // "MvDealingHistory": reports of the deals that the practice account has closed.
-class DealingHistoryService : public Service {
+class DealingHistoryService : public ObjectService {
 public:
     DealingHistoryService(Host &host, QuoteBook &book);
     bool handle(Handle target, unsigned message, int wParam, int lParam, int &result) override;
@@ -21,11 +19,9 @@ public:
     bool openReport(Handle window);
 
 private:
-    void create(coreDemandsIndicator &demand);
-    std::shared_ptr<DealReport> find(Handle object) const;
+    void create(coreDemandsIndicator &demand) override;
     int reportSymbols(Handle object, int lParam) const;
     int bind(Handle object, int lParam);
-    int outputs(Handle object, int lParam) const;
 
     QuoteBook &m_book;
     Handle m_interface;

@@ -15,15 +15,10 @@ constexpr int arraysRebuilt = 1;
 constexpr int displayChanged = 2;
 constexpr Period usualPeriod{'I', 60};
 
-void answer(int lParam, Word value) {
-    if (lParam)
-        *fromWord<Word>(lParam) = value;
-}
-
 } // namespace
 
 IndicatorService::IndicatorService(Host &host, CandleService &candles, QuoteBook &book)
-    : Service(host), m_candles(candles), m_book(book),
+    : ObjectService(host), m_candles(candles), m_book(book),
       m_interface(registerInterface("MVINDICATORS", "VELMAR", "BinIndicators")) {
     take(m_interface, {ToHost::IndicatorCount, ToHost::IndicatorList, ToHost::IndicatorNeedsSource});
     m_candles.setWatcher(this);
@@ -33,19 +28,11 @@ IndicatorService::~IndicatorService() {
     m_candles.setWatcher(nullptr);
 }
 
-bool IndicatorService::handle(Handle, unsigned message, int wParam, int lParam, int &result) {
+bool IndicatorService::handle(Handle target, unsigned message, int wParam, int lParam, int &result) {
     result = 0;
     switch (message) {
-    case ToHost::CreateObject:
-        if (!wParam)
-            return false;
-        create(*fromWord<coreDemandsIndicator>(wParam));
-        return true;
     case ToHost::CreationAbandoned:
         abandon();
-        return true;
-    case ToHost::LoadObject:
-    case ToHost::SaveObject:
         return true;
     case ToHost::IndicatorCount:
         answer(wParam, Word(formulaKinds().size()));
@@ -57,18 +44,11 @@ bool IndicatorService::handle(Handle, unsigned message, int wParam, int lParam, 
         result = needsSource(wParam, lParam);
         return true;
     case ToHost::SourceCount:
-        if (const auto indicator = find(Handle(wParam)))
+        if (const auto indicator = own<Indicator>(Handle(wParam)))
             answer(lParam, indicator->kind().needsSource ? 1 : 0);
         return true;
     case ToHost::HandOverSources:
         result = bindSources(Handle(wParam), lParam);
-        return true;
-    case ToHost::OutputCount:
-        if (const auto indicator = find(Handle(wParam)))
-            answer(lParam, Word(indicator->outputs().size()));
-        return true;
-    case ToHost::OutputArrays:
-        result = outputs(Handle(wParam), lParam);
         return true;
     case ToHost::ConfirmObject:
         result = confirm(Handle(wParam), lParam);
@@ -76,19 +56,14 @@ bool IndicatorService::handle(Handle, unsigned message, int wParam, int lParam, 
     case ToHost::ChangeArray:
         return true; // period and type of an indicator are those of its source
     case ToHost::ReloadArray:
-        if (const auto indicator = find(Handle(wParam))) {
+        if (const auto indicator = own<Indicator>(Handle(wParam))) {
             indicator->recompute();
             changed(*indicator, {true, false, false, false});
         }
         return true;
     default:
-        return false;
+        return ObjectService::handle(target, message, wParam, lParam, result);
     }
-}
-
-std::shared_ptr<Indicator> IndicatorService::find(Handle object) const {
-    const std::shared_ptr<CalculatedObject> found = host().objects().find(object);
-    return found && &found->maker() == this ? std::static_pointer_cast<Indicator>(found) : nullptr;
 }
 
 int IndicatorService::catalogue(int wParam) const {
@@ -164,14 +139,14 @@ void IndicatorService::create(coreDemandsIndicator &demand) {
 void IndicatorService::abandon() {
     const Handle object = m_inMaking;
     m_inMaking = 0;
-    if (!find(object) || host().subscriptions().hasSubscriber(object))
+    if (!own<Indicator>(object) || host().subscriptions().hasSubscriber(object))
         return;
     host().subscriptions().dropObject(object);
     host().objects().remove(object);
 }
 
 int IndicatorService::bindSources(Handle object, int lParam) {
-    const std::shared_ptr<Indicator> indicator = find(object);
+    const std::shared_ptr<Indicator> indicator = own<Indicator>(object);
     if (!indicator || !lParam)
         return 1;
     const auto &list = *fromWord<coreListCreateData>(lParam);
@@ -190,25 +165,14 @@ int IndicatorService::bindSources(Handle object, int lParam) {
     return 0;
 }
 
-int IndicatorService::outputs(Handle object, int lParam) {
-    const std::shared_ptr<Indicator> indicator = find(object);
-    if (!indicator || !lParam)
-        return 1;
-    auto &list = *fromWord<coreListCreateData>(lParam);
-    const std::vector<mvDataPointArray *> arrays = indicator->outputs();
-    const int room = list.count;
-    const int count = std::min(std::max(0, room), int(arrays.size()));
-    if (list.arrays)
-        std::copy_n(arrays.begin(), count, list.arrays);
-    list.count = int(arrays.size());
+void IndicatorService::outputsFetched(Handle object) {
     if (m_inMaking == object)
         m_inMaking = 0;
-    return 0;
 }
 
 // The user may set it up and may refuse it; until then the charts do not know it.
 int IndicatorService::confirm(Handle object, int lParam) {
-    const std::shared_ptr<Indicator> indicator = find(object);
+    const std::shared_ptr<Indicator> indicator = own<Indicator>(object);
     if (!indicator)
         return 1;
     m_inMaking = object;
@@ -242,14 +206,14 @@ Period IndicatorService::chartPeriod(Handle object) const {
 }
 
 void IndicatorService::subscriptionChanged(Handle object, bool subscribed) {
-    const std::shared_ptr<Indicator> indicator = find(object);
+    const std::shared_ptr<Indicator> indicator = own<Indicator>(object);
     if (!indicator || !subscribed)
         return;
     if (!indicator->kind().needsSource && periodOf(indicator->period()) != chartPeriod(object))
         bindSeries(*indicator, chartPeriod(object));
     // Sources come up to date before what is built on them.
     for (const Handle source : host().objects().path(object)) {
-        if (const auto below = find(source); below && below->isStale())
+        if (const auto below = own<Indicator>(source); below && below->isStale())
             below->recompute();
     }
     if (indicator->isStale())
@@ -298,7 +262,7 @@ void IndicatorService::updateDependent(Indicator &indicator, Handle source, int 
         letRest(indicator);
         return;
     }
-    if (const auto below = find(source); below && first > 0)
+    if (const auto below = own<Indicator>(source); below && first > 0)
         first = below->firstChanged(indicator.inputs().front().array);
     if (first == 0)
         indicator.recompute();

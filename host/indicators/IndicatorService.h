@@ -1,18 +1,16 @@
 #pragma once
-#include "host/core/Service.h"
+#include "host/core/ObjectService.h"
 #include "host/indicators/Indicator.h"
 #include "host/quotes/CandleService.h"
 #include <memory>
 #include <vector>
-
-struct coreDemandsIndicator;
 
 namespace desk {
 
 class QuoteBook;
 
 // "MVINDICATORS": the catalogue and the engine of indicators.
-class IndicatorService : public Service, public SourceWatcher {
+class IndicatorService : public ObjectService, public SourceWatcher {
 public:
     IndicatorService(Host &host, CandleService &candles, QuoteBook &book);
     ~IndicatorService() override;
@@ -31,11 +29,11 @@ public:
     void changed(Indicator &indicator, const Change &change);
 
 private:
-    void create(coreDemandsIndicator &demand);
+    void create(coreDemandsIndicator &demand) override;
+    void outputsFetched(Handle object) override;
     int catalogue(int wParam) const;
     int needsSource(int wParam, int lParam) const;
     int bindSources(Handle object, int lParam);
-    int outputs(Handle object, int lParam);
     int confirm(Handle object, int lParam);
     void abandon();
     bool bindSeries(Indicator &indicator, Period period);
@@ -44,7 +42,6 @@ private:
     void updateDependents(Handle source, int first, std::vector<Handle> &updated);
     void updateDependent(Indicator &indicator, Handle source, int first, std::vector<Handle> &updated);
     void letRest(Indicator &indicator); // it and what is built on it
-    std::shared_ptr<Indicator> find(Handle object) const;
 
     CandleService &m_candles;
     QuoteBook &m_book;

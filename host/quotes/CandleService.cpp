@@ -20,7 +20,7 @@ constexpr int displayChanged = 2;
 SourceWatcher::~SourceWatcher() = default;
 
 CandleService::CandleService(Host &host, QuoteBook &book)
-    : Service(host), m_book(book), m_interface(registerInterface("CANDLE", "VELMAR", "CANDLE_VELMAR")) {
+    : ObjectService(host), m_book(book), m_interface(registerInterface("CANDLE", "VELMAR", "CANDLE_VELMAR")) {
     take(m_interface, {ToHost::OlderData, ToHost::SymbolDisplayName});
     QObject::connect(&book, &QuoteBook::quoted, &m_context,
                      [this](const QString &symbol) { quoted(symbol); });
@@ -34,36 +34,21 @@ CandleService::CandleService(Host &host, QuoteBook &book)
     });
 }
 
-bool CandleService::handle(Handle, unsigned message, int wParam, int lParam, int &result) {
+bool CandleService::handle(Handle target, unsigned message, int wParam, int lParam, int &result) {
     result = 0;
     switch (message) {
-    case ToHost::CreateObject:
-        if (!wParam)
-            return false;
-        create(*fromWord<coreDemandsIndicator>(wParam));
-        return true;
     case ToHost::CreationAbandoned:
-    case ToHost::LoadObject:
-    case ToHost::SaveObject:
     case ToHost::ConfirmObject:
     case ToHost::HandOverSources:
-        return true; // a series has no sources, no state of its own and needs no consent
-    case ToHost::OutputArrays:
-        result = outputs(Handle(wParam), lParam);
-        return true;
-    case ToHost::OutputCount:
-        if (lParam)
-            *fromWord<Word>(lParam) = 1;
-        return true;
+        return true; // a series has no sources and needs no consent
     case ToHost::SourceCount:
-        if (lParam)
-            *fromWord<Word>(lParam) = 0;
+        answer(lParam, 0);
         return true;
     case ToHost::ChangeArray:
         result = change(Handle(wParam), lParam);
         return true;
     case ToHost::ReloadArray:
-        if (const auto candle = find(Handle(wParam))) {
+        if (const auto candle = own<Candle>(Handle(wParam))) {
             candle->reload();
             announce(*candle, 0, arraysRebuilt);
         } else {
@@ -77,13 +62,8 @@ bool CandleService::handle(Handle, unsigned message, int wParam, int lParam, int
         displayName(wParam);
         return true;
     default:
-        return false;
+        return ObjectService::handle(target, message, wParam, lParam, result);
     }
-}
-
-std::shared_ptr<Candle> CandleService::find(Handle object) const {
-    const std::shared_ptr<CalculatedObject> found = host().objects().find(object);
-    return found && &found->maker() == this ? std::static_pointer_cast<Candle>(found) : nullptr;
 }
 
 // The chart's own menu names a pair by the currency that stands against the dollar.
@@ -149,19 +129,8 @@ void CandleService::create(coreDemandsIndicator &demand) {
     demand.handle = fromWord<void>(candle->handle());
 }
 
-int CandleService::outputs(Handle object, int lParam) const {
-    const std::shared_ptr<Candle> candle = find(object);
-    if (!candle || !lParam)
-        return 1;
-    auto &list = *fromWord<coreListCreateData>(lParam);
-    if (list.count >= 1 && list.arrays)
-        list.arrays[0] = candle->outputs().front();
-    list.count = 1;
-    return 0;
-}
-
 int CandleService::change(Handle object, int lParam) {
-    const std::shared_ptr<Candle> candle = find(object);
+    const std::shared_ptr<Candle> candle = own<Candle>(object);
     if (!candle || !lParam)
         return 1;
     const auto &wanted = *fromWord<coreNameInstrument>(lParam);
@@ -176,7 +145,7 @@ int CandleService::change(Handle object, int lParam) {
 }
 
 int CandleService::loadOlder(Handle object, int seconds) {
-    const std::shared_ptr<Candle> candle = find(object);
+    const std::shared_ptr<Candle> candle = own<Candle>(object);
     if (!candle)
         return 1;
     const size_t before = candle->count();

@@ -1,11 +1,9 @@
 #pragma once
-#include "host/core/Service.h"
+#include "host/core/ObjectService.h"
 #include "host/quotes/Candle.h"
 #include <QObject>
 #include <memory>
 #include <vector>
-
-struct coreDemandsIndicator;
 
 namespace desk {
 
@@ -21,7 +19,7 @@ public:
 };
 
 // "CANDLE": the instrument series of the quote book.
-class CandleService : public Service {
+class CandleService : public ObjectService {
 public:
     CandleService(Host &host, QuoteBook &book);
     bool handle(Handle target, unsigned message, int wParam, int lParam, int &result) override;
@@ -34,9 +32,8 @@ public:
     void lookChanged(Candle &candle);
 
 private:
-    void create(coreDemandsIndicator &demand);
+    void create(coreDemandsIndicator &demand) override;
     void tellIfEmpty(const Candle &candle, Period period);
-    int outputs(Handle object, int lParam) const;
     int change(Handle object, int lParam);
     int loadOlder(Handle object, int seconds);
     const SymbolHistory *historyOf(const QString &symbol) const; // also of "EUR" alone; null for an unknown one
@@ -44,7 +41,6 @@ private:
     void quoted(const QString &symbol);
     void historyChanged(const QString &symbol);
     void announce(Candle &candle, int first, int kind);
-    std::shared_ptr<Candle> find(Handle object) const;
 
     QuoteBook &m_book;
     Handle m_interface;
