@@ -88,7 +88,8 @@ void CRGraphWidget::RebuildPositions(bool force) {
     const CRPrimitive *base = finestOf(visible, smallest);
     if (!base)
         return;
-    m_nMinPeriodSeconds = smallest == noPeriod ? secondsPerDay : smallest * 60;
+    const long long seconds = smallest == noPeriod ? secondsPerDay : smallest * 60LL;
+    m_nMinPeriodSeconds = static_cast<int>(qBound<long long>(INT_MIN, seconds, INT_MAX));
 
     std::vector<TimeRun> runs;
     runs.reserve(visible.size());

@@ -38,7 +38,7 @@ void CRPrimitive::TakeLook() {
     m_lineColor = QColor(static_cast<QRgb>(array->typeShow.secondColor));
     m_nPenStyle = static_cast<int>(array->typeShow.penType);
     m_nPenWidth = array->typeShow.weightPen;
-    m_fPoint = static_cast<float>(std::pow(10.0, -array->precision));
+    m_fPoint = static_cast<float>(std::pow(10.0, -static_cast<double>(array->precision)));
 }
 
 void CRPrimitive::SyncInternalData() {

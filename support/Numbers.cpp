@@ -5,7 +5,7 @@
 
 double roundFloat(double value, int digits) {
     const double multiple = std::pow(10.0, digits);
-    const double half = 5 * std::pow(10.0, -digits - 1);
+    const double half = 5 * std::pow(10.0, -static_cast<double>(digits) - 1);
     const double scaled = (value >= 0 ? value + half : value - half) * multiple;
     constexpr double limit = 9223372036854775808.0;
     if (!(std::fabs(scaled) < limit)) // NaN too: nothing to round
