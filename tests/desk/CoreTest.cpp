@@ -396,6 +396,28 @@ TEST_F(CoreTest, AnUpdateReachesEachSubscribedWindowOnce) {
     EXPECT_FALSE(candle.changes.back().second);
 }
 
+// The same series can stand on a chart twice; taking one of them off leaves the other alive.
+TEST_F(CoreTest, AWindowThatFollowsAnObjectTwiceIsToldUntilBothAreGone) {
+    Recorder &candle = host.addService<Recorder>("CANDLE");
+    const Handle handle = host.objects().add(std::make_shared<TestObject>(candle, true));
+    coreChartWindow window{1, fromWord<CRGraphWidget>(Word(0x10))};
+    int updates = 0;
+    answer = [&updates](unsigned message, int, int) {
+        updates += message == ToModule::UpdateData;
+        return 0;
+    };
+    send(ToHost::Subscribe, int(handle), toWord(&window));
+    send(ToHost::Subscribe, int(handle), toWord(&window));
+    send(ToHost::Unsubscribe, int(handle), toWord(&window));
+    host.notifyUpdate(handle, 1);
+    EXPECT_EQ(updates, 1);
+    EXPECT_EQ(candle.changes.size(), 1u);
+    send(ToHost::Unsubscribe, int(handle), toWord(&window));
+    host.notifyUpdate(handle, 1);
+    EXPECT_EQ(updates, 1);
+    EXPECT_EQ(candle.changes.size(), 2u);
+}
+
 TEST_F(CoreTest, AnObjectThatGoesInTheMiddleOfAnUpdateEndsIt) {
     Recorder &candle = host.addService<Recorder>("CANDLE");
     const Handle handle = host.objects().add(std::make_shared<TestObject>(candle, true));
