@@ -1,8 +1,10 @@
 // Adding indicators: traffic, where their outputs land, and what ends an add.
 #include "tests/boundary/instruments_view.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QPushButton>
+#include <climits>
 
 namespace {
 
@@ -160,6 +162,63 @@ TEST(IndicatorPlacement, OfTheCurrencySumFollowsItsCode) {
     EXPECT_EQ(viewOf(chart).line("Sum")->area, 1);
 }
 
+// A base that is given and not taken: the code of the output no longer counts.
+TEST(IndicatorPlacement, OfAnIndicatorThatTakesNoSourceIsBesideTheSeries) {
+    for (const int sources : {0, -7, INT_MAX}) {
+        for (const char *name : {"IND", "CHF+EUR"}) {
+            FakeHost host;
+            const Chart chart = host.createChart();
+            host.addInstrument(chart, "EURUSD");
+            host.addIndicatorKind(indicatorKind(name, 3));
+            host.answer(ToHost::SourceCount, [sources](void *, int, int lParam) {
+                bytes::put<int>(fromWord<void>(lParam), 0, sources);
+                return 0;
+            });
+            LayerDialogs dialogs(host, 1);
+            host.addIndicator(chart, name);
+            EXPECT_EQ(dialogs.offered, QStringList("1")) << name << sources;
+            EXPECT_EQ(host.count(ToHost::HandOverSources), 0);
+            ASSERT_TRUE(viewOf(chart).line("Out"));
+            EXPECT_EQ(viewOf(chart).layers, std::vector<int>({1}));
+        }
+    }
+}
+
+// The quick menu leaves the pane that the user has clicked on in force.
+TEST(IndicatorPlacement, OnASelectedPaneAsksForALayerOfIt) {
+    struct Case {
+        int code;
+        const char *offered; // by the dialog; the base stands in the first pane
+    };
+    for (const int selected : {0, 1}) {
+        for (const Case &expected : {Case{0, selected ? "2" : "1"}, Case{1, "2"}, Case{3, "2"}}) {
+            FakeHost host;
+            const Chart chart = host.createChart();
+            host.addInstrument(chart, "EURUSD");
+            host.addIndicatorKind(indicatorKind("BELOW", 3));
+            host.addIndicator(chart, "BELOW");
+            host.addIndicatorKind(indicatorKind("MACD", expected.code));
+            chart.handle->m_nSelectedArea = selected;
+            host.onDialog([](QDialog *) {}); // the source picker stays open
+            LayerDialogs dialogs(host, 1);
+            QAction action(nullptr);
+            action.setData(8);
+            QMetaObject::invokeMethod(chart.widget, "OnQuickAddGraphPressed", Q_ARG(QAction *, &action));
+            host.settle();
+            for (QComboBox *combo : chart.widget->findChildren<QComboBox *>())
+                combo->setCurrentIndex(0);
+            QMetaObject::invokeMethod(chart.widget, "OnSelectPrimitive");
+            EXPECT_EQ(dialogs.offered, QStringList(expected.offered)) << expected.code;
+            const ChartView view = viewOf(chart);
+            ASSERT_EQ(view.series.size(), 3u);
+            EXPECT_EQ(view.layers.size(), 2u);
+            EXPECT_EQ(view.series[2].area, selected);
+            EXPECT_EQ(view.series[2].layer, QString(expected.offered).toInt() - 1);
+            EXPECT_EQ(chart.handle->m_nSelectedArea, selected);
+        }
+    }
+}
+
 class OutputStyle : public testing::TestWithParam<std::pair<int, int>> {};
 
 // The draw kind of the refresh is one that leaves the type alone.
@@ -252,6 +311,40 @@ TEST(IndicatorAdding, WithoutOutputsAddsNothing) {
         EXPECT_EQ(viewOf(chart).indicators, 1);
         EXPECT_EQ(host.count(ToHost::OutputArrays), 1); // that of the instrument
     }
+}
+
+TEST(IndicatorAdding, WithoutArraysAddsNothing) {
+    for (const int count : {0, -5, 3, 1 << 20}) {
+        FakeHost host;
+        const Chart chart = host.createChart();
+        host.addInstrument(chart, "EURUSD");
+        host.answer(ToHost::OutputArrays, [count](void *, int, int lParam) {
+            fromWord<coreListCreateData>(lParam)->count = count;
+            return 0;
+        });
+        EXPECT_EQ(host.addIndicator(chart, "Bollinger"), 0);
+        EXPECT_EQ(viewOf(chart).indicators, 1);
+        EXPECT_EQ(viewOf(chart).layers, std::vector<int>({1}));
+        EXPECT_FALSE(host.milestones.contains("Add indicator"));
+    }
+}
+
+// Room for one pointer more than the outputs that were told, and nothing of it read.
+TEST(IndicatorAdding, TakesNoMoreArraysThanItMadeRoomFor) {
+    FakeHost host;
+    const Chart chart = host.createChart();
+    host.addInstrument(chart, "EURUSD");
+    host.addIndicatorKind(indicatorKind("IND", 3, 1, {"A", "B"}));
+    host.answer(ToHost::OutputArrays, [&](void *target, int wParam, int lParam) {
+        auto *list = fromWord<coreListCreateData>(lParam);
+        EXPECT_EQ(int(list->count), 2);
+        const int result = host.defaultAnswer(target, ToHost::OutputArrays, wParam, lParam);
+        list->arrays[2] = list->arrays[1];
+        list->count = 3;
+        return result;
+    });
+    host.addIndicator(chart, "IND");
+    EXPECT_EQ(viewOf(chart).series.size(), 3u);
 }
 
 TEST(IndicatorAdding, LeavesOutNullOutputs) {

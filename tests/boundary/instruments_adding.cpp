@@ -1,6 +1,9 @@
 // Adding instruments: traffic, panes and layers, refusals.
 #include "tests/boundary/instruments_view.h"
 
+#include <QAbstractSlider>
+#include <climits>
+
 namespace {
 
 const QString tickRefusal =
@@ -45,6 +48,60 @@ TEST(InstrumentAdding, AsksForTheSeriesInAZeroedRecord) {
     EXPECT_EQ(bytes::i32(record, 774), 77);
     for (int offset = 778; offset < 806; ++offset)
         EXPECT_EQ(bytes::u8(record, offset), 0) << offset;
+}
+
+TEST(InstrumentAdding, AsksTheTransportForTheNameOfTheSymbol) {
+    FakeHost host;
+    const Chart chart = host.createChart();
+    host.removeInterface("CANDLE");
+    host.addInterface("CANDLE", "OTHER", "Series");
+    const Word transport = host.addInterface("CANDLE", "VELMAR", "CANDLE_VELMAR");
+    host.addInstrument(chart, "EURUSD"); // of the other provider
+    const std::vector<Call> calls = host.callsOf(ToHost::SymbolDisplayName);
+    ASSERT_EQ(calls.size(), 1u);
+    EXPECT_EQ(static_cast<Word>(toWord(calls[0].target)), transport);
+    EXPECT_EQ(calls[0].lParam, 0);
+    ASSERT_EQ(calls[0].wRecord.size(), 2040);
+    EXPECT_EQ(bytes::text16(calls[0].wRecord.constData(), 0, 255), "EURUSD");
+    for (int offset = 12; offset < 2040; ++offset)
+        EXPECT_EQ(bytes::u8(calls[0].wRecord.constData(), offset), 0) << offset;
+    EXPECT_TRUE(logged(host, "Indicator EUR/USD created successfully|GraphWidget|", 0));
+}
+
+TEST(InstrumentAdding, OfASymbolWithoutADisplayNameIsNamedByTheSymbol) {
+    FakeHost host;
+    const Chart chart = host.createChart();
+    host.troubleMessage(ToHost::SymbolDisplayName);
+    ASSERT_TRUE(host.addInstrument(chart, "EURUSD"));
+    EXPECT_TRUE(logged(host, "Indicator EURUSD created successfully|GraphWidget|", 0));
+    acceptLayer(host, 1);
+    ASSERT_TRUE(host.addInstrument(chart, "EURUSD", 'W', 1));
+    EXPECT_EQ(chart.handle->m_areas[0]->m_layers[1]->m_name, "EURUSD Week Bid");
+}
+
+TEST(InstrumentAdding, LooksForTheServiceOfTheItemsProvider) {
+    struct Case {
+        const char *kind, *provider; // of the host's answer to 3012
+        const char *wanted;
+    };
+    // Without a provider the start of the answer counts: that is all that some hosts write.
+    for (const Case &names : {Case{"CANDLE", "OTHER", "OTHER"}, Case{"SHORT", "", "SHORT"}, Case{"", "", ""}}) {
+        FakeHost host;
+        const Chart chart = host.createChart();
+        host.answer(ToHost::InterfaceNames, [&](void *, int, int lParam) {
+            bytes::putText8(fromWord<void>(lParam), 0, 255, names.kind);
+            bytes::putText8(fromWord<void>(lParam), 255, 255, names.provider);
+            return 0;
+        });
+        host.clearTraffic();
+        host.addInstrument(chart, "EURUSD");
+        const Call asked = host.callsOf(ToHost::InterfaceNames).front();
+        EXPECT_EQ(static_cast<Word>(asked.wParam), host.interfaceOf("CANDLE"));
+        const Call found = host.callsOf(ToHost::FindInterface).front();
+        EXPECT_EQ(bytes::text8(found.wRecord.constData(), 0, 255), "CANDLE");
+        EXPECT_EQ(bytes::text8(found.wRecord.constData(), 255, 255), names.wanted);
+        EXPECT_EQ(bytes::text8(found.wRecord.constData(), 510, 255), "");
+    }
 }
 
 TEST(InstrumentAdding, NeedsTheInterfaceOfItsProvider) {
@@ -95,6 +152,32 @@ TEST(InstrumentAdding, OnAnEmptySelectedPaneUsesTheFirstPane) {
     chart.handle->m_firstAreaForEmpty = false;
     host.addInstrument(chart, "GBPUSD");
     EXPECT_EQ(viewOf(chart).line("GBPUSD")->area, 2);
+}
+
+TEST(InstrumentAdding, OnAPaneThatIsGoneUsesTheFirstPane) {
+    for (const int selected : {1, 7, -2, INT_MAX}) {
+        FakeHost host;
+        const Chart chart = host.createChart();
+        chart.handle->m_nSelectedArea = selected;
+        ASSERT_TRUE(host.addInstrument(chart, "EURUSD"));
+        EXPECT_EQ(viewOf(chart).layers, std::vector<int>({1})) << selected;
+        EXPECT_EQ(viewOf(chart).line("EURUSD")->area, 0) << selected;
+    }
+}
+
+// Whatever comes of the addition, the view goes to the end.
+TEST(InstrumentAdding, ScrollsToTheEndEvenWhenItIsRefused) {
+    FakeHost host;
+    const Chart chart = host.createChart();
+    host.addInstrument(chart, "EURUSD");
+    auto *bar = qobject_cast<QAbstractSlider *>(childOfClass(chart.widget, "CTimeScrollBar"));
+    ASSERT_TRUE(bar);
+    bar->setValue(bar->minimum());
+    ASSERT_LT(bar->value(), bar->maximum());
+    chart.handle->m_nSelectedArea = 0;
+    EXPECT_FALSE(host.addInstrument(chart, "GBPUSD", 'I', 0));
+    EXPECT_EQ(bar->value(), bar->maximum());
+    EXPECT_EQ(chart.handle->m_nSelectedArea, 0); // only an addition that succeeds takes it back
 }
 
 TEST(InstrumentAdding, KeepsTheSelectedPaneUntilItIsAnnounced) {
