@@ -57,17 +57,16 @@ CRGraphLayer *firstLayer(CRGraphArea *area) {
 
 // The first layer of an empty pane; a pane without layers gets one.
 CRGraphLayer *layerOfEmptyArea(CRGraphArea *area) {
-    if (!area)
+    if (!area || !area->m_layers.empty())
+        return firstLayer(area);
+    const QPointer<CRGraphArea> alive(area); // the host hears of a new layer
+    try {
+        area->AddGraphLayer(new CRGraphLayer(area, QString()));
+    } catch (const std::bad_alloc &) {
+        logLine(logMsgModule, logError, addLine("Can't create Layer"), LOG_TAG("GraphWidget"));
         return nullptr;
-    if (area->m_layers.empty()) {
-        try {
-            area->AddGraphLayer(new CRGraphLayer(area, QString()));
-        } catch (const std::bad_alloc &) {
-            logLine(logMsgModule, logError, addLine("Can't create Layer"), LOG_TAG("GraphWidget"));
-            return nullptr;
-        }
     }
-    return firstLayer(area);
+    return firstLayer(alive);
 }
 
 // The layer of an instrument that is on the chart already, or a further one that the user asks for in
