@@ -231,6 +231,38 @@ TEST(ThrowingHost, AQuoteAndARebuiltSeries) {
     });
 }
 
+TEST(ThrowingHost, AnAddition) {
+    eachCallThrows([](FakeHost &host, Chart &chart) {
+        host.addInstrument(chart, "USDJPY"); // of its own pane, as is the indicator
+        host.addIndicator(chart, "CHF+EUR");
+    });
+}
+
+TEST(ThrowingHost, ChangesOfWhatIsOnTheChart) {
+    eachCallThrows([](FakeHost &host, Chart &chart) {
+        bytes::Record window(8);
+        bytes::put<Word>(window.data(), 4, static_cast<Word>(toWord(chart.handle)));
+        for (const int kind : {0, 1}) {
+            bytes::Record state(8);
+            bytes::put<int>(state.data(), 0, kind);
+            host.send(3518u, window.data(), state.data());
+        }
+        host.send(3545u, 0);
+        bytes::Record list(12);
+        host.send(3546u, list.data());
+        FakeObject *indicator = host.objects().back();
+        mvDataPointArray *last = indicator->array(static_cast<int>(indicator->outputs.size()) - 1).header();
+        bytes::Record rebuild(16);
+        bytes::put<Word>(rebuild.data(), 0, indicator->handle);
+        bytes::put<int>(rebuild.data(), 8, 1);
+        bytes::put<Word>(rebuild.data(), 12, static_cast<Word>(toWord(&last)));
+        host.send(3076u, chart.handle, rebuild.data());
+        bytes::Record rename(778);
+        bytes::put<Word>(rename.data(), 0, indicator->handle);
+        host.send(3130u, chart.handle, rename.data());
+    });
+}
+
 TEST(ThrowingHost, ModesAndSkins) {
     eachCallThrows([](FakeHost &host, Chart &) {
         host.emitEvent("Velmar Game Mode", 1001);

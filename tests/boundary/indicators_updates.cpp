@@ -239,6 +239,39 @@ TEST(Rebuild, TakesNonsenseForNothing) {
     EXPECT_EQ(on.lines(), QStringList({"A", "B", "C"}));
 }
 
+// Without the host's own list nothing is kept, and the lines of the message come anew.
+TEST(Rebuild, WithoutTheHostsListTakesTheLinesOfTheMessage) {
+    for (const unsigned refused : {ToHost::OutputCount, ToHost::OutputArrays}) {
+        for (const auto trouble : {FakeHost::Refuse, FakeHost::Garble}) {
+            UpdatedChart on;
+            on.host.troubleMessage(refused, trouble);
+            const CRPrimitive *before = on.chart.handle->m_indicators[1]->m_primitives[0];
+            const QPointer<QObject> gone(const_cast<CRPrimitive *>(before));
+            EXPECT_EQ(on.rebuild({"A", "B"}), 0);
+            EXPECT_EQ(on.lines(), QStringList({"A", "B"}));
+            EXPECT_FALSE(gone);
+            EXPECT_EQ(viewOf(on.chart).line("A")->area, 1);
+            on.host.clearTrouble();
+            EXPECT_EQ(on.rebuild({"A", "B", "C"}), 0);
+            EXPECT_EQ(on.lines(), QStringList({"A", "B", "C"}));
+        }
+    }
+}
+
+// The host makes one object for one series: on a chart twice, both are its news.
+TEST(DataUpdate, ReachesEverySeriesOfTheObject) {
+    FakeHost host;
+    const Chart chart = host.createChart();
+    FakeObject *object = host.addInstrument(chart, "EURUSD");
+    acceptLayer(host);
+    ASSERT_EQ(host.addInstrument(chart, "EURUSD"), object);
+    ASSERT_EQ(viewOf(chart).indicators, 2);
+    object->array().header()->typeShow.secondColor = 0xFF112233;
+    host.update(object, chart, 2);
+    for (const CRIndicator *indicator : chart.handle->m_indicators)
+        EXPECT_EQ(indicator->m_primitives[0]->m_lineColor.rgb() & 0xFFFFFF, 0x112233u);
+}
+
 // ---- names ----
 
 TEST(Rename, AsksForEachLineOfTheObject) {
