@@ -197,7 +197,7 @@ public:
     CSelectPrimitiveWidget *SourcePicker() const { return m_selectPrimitive; }
     void UpdateAllTradeData();
 
-    // ---- indicators (objects/GraphWidgetIndicators.cpp) ----
+    // ---- indicators (objects/GraphWidgetIndicators.cpp and neighbours) ----
     void *CreateIndicator(void *iface, const unsigned short *name, const CRPrimitive *base, long mask,
                           coreSzNode *node, void *handle, bool cleanLayers);
     void *CreateIndicatorPasteFromUndo(void *iface, const unsigned short *name, const CRPrimitive *base, long mask,
@@ -385,7 +385,6 @@ public:
     // adding
     bool m_chooseLayerOnAdd = false;
     bool m_firstAreaForEmpty = true;
-    bool m_additionRefused = false;       // flag of a refused addition
     CSelectPrimitiveWidget *m_selectPrimitive = nullptr;
     QString m_pickName;                   // what the open source picker will add, and its interface
     void *m_pickInterface = nullptr;
@@ -409,9 +408,11 @@ public:
 
 private:
     // steps of adding and rebuilding
+    bool IsSourceRefused(const CRPrimitive &base);
     bool FinishIndicator(CRIndicator *indicator, bool subscribe, bool cleanLayers);
     bool UpdateAfterAdding();
     void AbandonIndicator(void *handle);
+    void DiscardIndicator(CRIndicator *indicator);
     void RouteToSource(const QString &name, void *iface);
     void AddFromCatalogue(unsigned category, QAction *action);
     void AddQuickInstrument();

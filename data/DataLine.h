@@ -155,6 +155,8 @@ private:
         const unsigned char *source = at(field, index);
         return source ? *source : 0;
     }
+    template <class Better>
+    double FindExtreme(const QString &field, int from, int to, double start, Better better) const;
     void releaseArray();
     void moveFrom(CRMDataLine &other);
 

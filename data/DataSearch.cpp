@@ -3,6 +3,7 @@
 
 #include <QLocale>
 #include <algorithm>
+#include <functional>
 
 namespace {
 
@@ -107,36 +108,29 @@ int CRMDataLine::FindElement(const QString &field, double value, int from, int t
 }
 
 double CRMDataLine::FindMinElement(const QString &field, int from, int to) const {
-    const auto place = m_fieldOffsets.find(field);
-    if (!m_pArray || !m_pArray->data || place == m_fieldOffsets.end())
-        return 0.0;
-    const Range range = extremeRange(from, to, m_pArray->count);
-    return withReader(GetFieldType(field), [&](auto read) {
-        double lowest = farAway;
-        const Word step = m_pArray->recordSize;
-        const unsigned char *source = m_pArray->data + static_cast<size_t>(range.from) * step + place->second;
-        for (int i = range.from; i <= range.to; ++i, source += step) {
-            const double value = read(source);
-            lowest = value < lowest ? value : lowest;
-        }
-        return lowest;
-    });
+    return FindExtreme(field, from, to, farAway, std::less<double>());
 }
 
 double CRMDataLine::FindMaxElement(const QString &field, int from, int to) const {
+    return FindExtreme(field, from, to, -farAway, std::greater<double>());
+}
+
+// Begins with `start`, which an empty range leaves.
+template <class Better>
+double CRMDataLine::FindExtreme(const QString &field, int from, int to, double start, Better better) const {
     const auto place = m_fieldOffsets.find(field);
     if (!m_pArray || !m_pArray->data || place == m_fieldOffsets.end())
         return 0.0;
     const Range range = extremeRange(from, to, m_pArray->count);
     return withReader(GetFieldType(field), [&](auto read) {
-        double highest = -farAway;
+        double best = start;
         const Word step = m_pArray->recordSize;
         const unsigned char *source = m_pArray->data + static_cast<size_t>(range.from) * step + place->second;
         for (int i = range.from; i <= range.to; ++i, source += step) {
             const double value = read(source);
-            highest = value > highest ? value : highest;
+            best = better(value, best) ? value : best;
         }
-        return highest;
+        return best;
     });
 }
 

@@ -132,7 +132,6 @@ int CRGraphModule::MvWindowComponentAddMdpa(int wParam, int lParam) {
         fillField(providerText, provider.left(255));
         EndedSymbol symbol(item.instrument.m_szNameSymbol);
         EndedType type(item.instrument.m_szType);
-        widget->m_additionRefused = false;
         widget->m_chooseLayerOnAdd = false;
         widget->AddPrimaryPrimitive(symbol.text, type.text, item.instrument.m_periods, providerText,
                                     item.parameter, nullptr);
@@ -199,7 +198,6 @@ bool CRGraphModule::AddIndicatorItem(CRGraphWidget *widget, mvwcDpaItem &item) {
     const bool needsSource = HostCalls::indicatorNeedsSource(item.handle, name.text);
     if (GetGraphWidgetIndex(widget) < 0)
         return false;
-    widget->m_additionRefused = false;
     widget->m_chooseLayerOnAdd = false;
     if (!needsSource) {
         widget->AddSecondaryPrimitive(name.text, item.handle, nullptr, nullptr);

@@ -1,11 +1,10 @@
-// Indicators made from stored data and from menus, and what the host tells about existing ones.
+// Indicators made from stored data, and what the host tells about existing ones.
 #include "chart/GraphWidget.h"
 
 #include "chart/GraphArea.h"
 #include "chart/GraphLayer.h"
 #include "chart/TimeScale.h"
 #include "chart/TimeScrollBar.h"
-#include "module/GraphModule.h"
 #include "module/HostCalls.h"
 #include "objects/DrawTypes.h"
 #include "objects/Indicator.h"
@@ -31,7 +30,7 @@ CRGraphLayer *untitledLayer(CRGraphArea *area) {
     return layer;
 }
 
-// The layer of a rebuilt indicator's first output. The user is never asked.
+// The layer of the first output of an indicator from stored data. The user is never asked.
 CRGraphLayer *storedPlace(CRGraphWidget &window, const CRPrimitive *base, IndicatorPlacement placement) {
     QPointer<CRGraphWidget> guard(&window);
     const int selected = window.m_nSelectedArea;
@@ -97,8 +96,7 @@ void *CRGraphWidget::CreateIndicator(void *iface, const unsigned short *name, co
         if (!guard || !HasIndicator(indicator))
             return nullptr;
         if (!layer) {
-            RemoveIndicatorFromList(indicator);
-            delete indicator;
+            DiscardIndicator(indicator);
             return nullptr;
         }
         addOutput(*indicator, layer, static_cast<int>(i), outputs[i], false);
@@ -148,139 +146,6 @@ void CRGraphWidget::UpdateIndicatorPrimitives(coreCoreUpdateDpaData *data) {
     const int value = std::min(m_pTimeScale->GetVirtualTimePos(edgeTime, interval, count) + 1, last);
     if (value != m_pScrollBar->GetScrollValue())
         m_pScrollBar->SetValue(value);
-}
-
-// The outputs of an object have changed, with its parameters.
-void CRGraphWidget::ReBuildIndicator(coreRebuildDpa *record) {
-    if (!record)
-        return;
-    QPointer<CRGraphWidget> guard(this);
-    void *const handle = record->handle;
-    const int outputs = HostCalls::outputCount(handle);
-    std::vector<mvDataPointArray *> current = HostCalls::outputArrays(handle, outputs);
-    current.erase(std::remove(current.begin(), current.end(), nullptr), current.end());
-    if (!guard)
-        return;
-    const auto arrayNamed = [&current](const QString &name) -> mvDataPointArray * {
-        for (mvDataPointArray *array : current)
-            if (fieldText(array->identity.m_szNameSymbol) == name)
-                return array;
-        return nullptr;
-    };
-
-    // The lines on the chart that the object has no more.
-    QPointer<CRGraphArea> area;
-    QPointer<CRGraphLayer> layer;
-    const auto shown =
-        std::find_if(m_indicators.begin(), m_indicators.end(), [handle](const CRIndicator *entry) {
-            return entry->GetHandle() == handle && !entry->IsInvisible();
-        });
-    if (shown != m_indicators.end()) {
-        CRIndicator *visible = *shown;
-        for (CRPrimitive *primitive : std::vector<CRPrimitive *>(visible->m_primitives)) {
-            if (!visible->Contain(primitive))
-                continue;
-            if (CRGraphLayer *stands = shownLayer(primitive)) {
-                layer = stands;
-                area = stands->m_pArea;
-            }
-            if (!arrayNamed(lineName(primitive)))
-                visible->DeletePrimitive(primitive);
-            if (!guard)
-                return;
-            if (!HasIndicator(visible))
-                break;
-        }
-    }
-
-    // The lines that stay.
-    CRIndicator *indicator = FindIndicator(handle);
-    if (indicator) {
-        const CRPrimitive *lowest = nullptr;
-        for (CRPrimitive *primitive : indicator->m_primitives) {
-            mvDataPointArray *array = arrayNamed(lineName(primitive));
-            primitive->m_bVisible = array != nullptr;
-            if (!array) {
-                primitive->CRMDataLine::operator=(
-                    CRMDataLine()); // the host may free the old array from now on
-                continue;
-            }
-            primitive->CRMDataLine::Create(array);
-            if (shownLayer(primitive) && (!lowest || primitive->m_nIndex < lowest->m_nIndex))
-                lowest = primitive;
-        }
-        if (lowest) {
-            layer = lowest->m_pLayer;
-            area = layer->m_pArea;
-        }
-    }
-    for (CRGraphArea *each : m_areas)
-        each->UpdateData();
-
-    if (indicator) {
-        if (!area)
-            area = GetArea(0);
-        if (!layer && area) {
-            const int created = CreateLayer(0);
-            if (guard && area)
-                layer = area->GetLayer(created, QString());
-        }
-        if (!guard || !layer || !HasIndicator(indicator))
-            return;
-        if (!AddRebuiltLines(indicator, layer, *record, current))
-            return;
-    }
-    DeleteUnusedLayers();
-    UpdateScaleWidth();
-    if (guard)
-        UpdatePrimitivePositions(ScreenDataPointsUpdate(), false);
-    if (!guard)
-        return;
-    update();
-    m_nSelectedArea = -1;
-}
-
-// False when the host took the window or the object away meanwhile.
-bool CRGraphWidget::AddRebuiltLines(CRIndicator *indicator, CRGraphLayer *layer, const coreRebuildDpa &record,
-                                    std::vector<mvDataPointArray *> current) {
-    QPointer<CRGraphWidget> guard(this);
-    QPointer<CRGraphLayer> target(layer);
-    const auto present = [&] { return guard && HasIndicator(indicator); };
-    std::vector<mvDataPointArray *> arrays;
-    if (record.arrays && isListCount(record.count))
-        arrays.assign(record.arrays, record.arrays + record.count);
-    for (std::size_t i = 0; i < arrays.size(); ++i) {
-        mvDataPointArray *array = arrays[i];
-        if (!array)
-            continue;
-        if (!target)
-            return false;
-        CRPrimitive *primitive = indicator->RestorePrimitive(array->identity.m_szNameSymbol);
-        if (primitive) {
-            leaveLayer(primitive);
-            primitive->m_pLayer = target;
-            target->m_primitives.push_back(primitive);
-            target->m_bPrimitivesDirty = true;
-            primitive->CRMDataLine::Create(array);
-        } else {
-            // Lines are numbered as the object lists them.
-            const auto place = std::find(current.begin(), current.end(), array);
-            const auto line =
-                place == current.end() ? static_cast<std::ptrdiff_t>(i) : place - current.begin();
-            primitive = indicator->AddPrimitive(target, 0, static_cast<int>(line), outputDrawType(*array));
-            if (!primitive)
-                continue;
-            bindLine(primitive, indicator->GetHandle(), array);
-        }
-        primitive->SyncInternalData();
-        if (!present())
-            return false;
-    }
-    indicator->SortPrimitives({static_cast<int>(current.size()), current.data()});
-    indicator->RequestHLines();
-    if (present())
-        indicator->RequestLinks();
-    return present();
 }
 
 void CRGraphWidget::RenameIndicator(void *record) {

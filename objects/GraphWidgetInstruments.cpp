@@ -227,8 +227,7 @@ void *CRGraphWidget::CreateInstrument(void *, CRGraphLayer *layer, const unsigne
     if (type >= 0 && target)
         added = indicator->AddPrimitive(target, TotalPrimitiveCount(), 0, static_cast<PRIMITIVE_TYPES>(type));
     if (!added) {
-        RemoveIndicatorFromList(indicator);
-        delete indicator;
+        DiscardIndicator(indicator);
         return nullptr;
     }
     QPointer<CRPrimitive> primitive(added);

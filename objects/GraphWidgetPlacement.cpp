@@ -72,23 +72,56 @@ private:
     QPointer<CRGraphLayer> m_layer;
 };
 
+// The source stands first in the list that the object asks for; the number that it asks for.
+int handOverSource(void *handle, const QPointer<CRGraphWidget> &window, const QPointer<CRPrimitive> &source) {
+    const int sources = HostCalls::sourceCount(handle);
+    if (window && source && isListCount(sources)) {
+        std::vector<mvDataPointArray *> list(static_cast<std::size_t>(sources), nullptr);
+        list.front() = source->GetArray();
+        HostCalls::handOverSources(handle, list);
+    }
+    return sources;
+}
+
+// False when there is no place, or the host took the window or the object away meanwhile.
+bool addOutputs(CRGraphWidget *window, CRIndicator *indicator, OutputPlace &place,
+                const std::vector<mvDataPointArray *> &outputs) {
+    const QPointer<CRGraphWidget> guard(window);
+    for (std::size_t i = 0; i < outputs.size(); ++i) {
+        CRGraphLayer *layer = place.next();
+        if (!layer || !guard || !window->HasIndicator(indicator))
+            return false;
+        if (outputs[i])
+            addOutput(*indicator, layer, static_cast<int>(i), outputs[i], true);
+        if (!guard)
+            return false;
+    }
+    return true;
+}
+
 } // namespace
+
+// Ticks carry no indicator. A tester's chart takes what is built on itself or on another of its kind.
+bool CRGraphWidget::IsSourceRefused(const CRPrimitive &base) {
+    const mvDataPointArray *array = base.GetArray();
+    if (!array || isTickPeriod(array->identity.m_periods))
+        return true;
+    const CRGraphWidget *chart = base.GetWidget();
+    if (!m_sysTesterChart || base.m_sysTester || !chart || chart->m_sysTesterChart)
+        return false;
+    warnUser(this, m_module->tr("G0147", 0), LOG_TAG("GraphWidget"));
+    return true;
+}
 
 // `base` is the series that the indicator is built on, null when it needs none. With `handle` the host
 // has made the object already.
 void *CRGraphWidget::AddSecondaryPrimitive(const unsigned short *name, void *iface, CRPrimitive *base,
                                            void *handle) {
     const bool hasBase = base != nullptr;
+    if (hasBase && IsSourceRefused(*base))
+        return nullptr;
     QPointer<CRGraphWidget> guard(this);
     QPointer<CRPrimitive> source(base);
-    mvDataPointArray *sourceArray = base ? base->GetArray() : nullptr;
-    if (hasBase && (!sourceArray || isTickPeriod(sourceArray->identity.m_periods)))
-        return nullptr;
-    if (m_sysTesterChart && hasBase && !base->m_sysTester && base->GetWidget() &&
-        !base->GetWidget()->m_sysTesterChart) {
-        warnUser(this, m_module->tr("G0147", 0), LOG_TAG("GraphWidget"));
-        return nullptr;
-    }
     const QString nameText = readText(name, nameWidth);
     if (!handle) {
         auto record = zeroRecord<coreDemandsIndicator>();
@@ -99,15 +132,7 @@ void *CRGraphWidget::AddSecondaryPrimitive(const unsigned short *name, void *ifa
             return nullptr;
     }
     SubscribeIndicator(handle);
-    int sources = 0;
-    if (hasBase && guard && source) {
-        sources = HostCalls::sourceCount(handle);
-        if (guard && source && isListCount(sources)) {
-            std::vector<mvDataPointArray *> list(static_cast<std::size_t>(sources), nullptr);
-            list.front() = source->GetArray();
-            HostCalls::handOverSources(handle, list);
-        }
-    }
+    const int sources = guard && source ? handOverSource(handle, guard, source) : 0;
     if (!guard)
         return nullptr;
     // The host may run a dialog here, in which the user can click on other panes.
@@ -115,43 +140,28 @@ void *CRGraphWidget::AddSecondaryPrimitive(const unsigned short *name, void *ifa
     const bool confirmed = HostCalls::confirmObject(handle);
     if (!guard)
         return nullptr;
-    if (!confirmed) {
-        AbandonIndicator(handle);
-        return nullptr;
-    }
-    m_nSelectedArea = selectedArea;
-    if (hasBase && !source) {
+    if (confirmed)
+        m_nSelectedArea = selectedArea;
+    if (!confirmed || (hasBase && !source)) {
         AbandonIndicator(handle);
         return nullptr;
     }
 
     const std::vector<mvDataPointArray *> outputs = fetchOutputs(handle);
-    if (outputs.empty() || !guard)
-        return nullptr;
-    CRIndicator *indicator = AddIndicator(handle);
+    CRIndicator *indicator = guard && !outputs.empty() ? AddIndicator(handle) : nullptr;
     if (!indicator)
         return nullptr;
     indicator->m_isInstrument = false;
-
     const PlacementCase what{hasBase, isListCount(sources), isCurrencySumName(nameText),
                              placementCode(outputs)};
     OutputPlace place(this, source, placementOf(what), nameText);
-    for (std::size_t i = 0; i < outputs.size(); ++i) {
-        CRGraphLayer *layer = place.next();
-        if (!guard)
-            return nullptr;
-        if (!HasIndicator(indicator) || !layer) {
-            if (HasIndicator(indicator)) {
-                RemoveIndicatorFromList(indicator);
-                delete indicator;
-            }
-            AbandonIndicator(handle);
-            return nullptr;
-        }
-        if (outputs[i])
-            addOutput(*indicator, layer, static_cast<int>(i), outputs[i], true);
-        if (!guard)
-            return nullptr;
+    const bool placed = addOutputs(this, indicator, place, outputs);
+    if (!guard)
+        return nullptr;
+    if (!placed) {
+        DiscardIndicator(indicator);
+        AbandonIndicator(handle);
+        return nullptr;
     }
     if (!FinishIndicator(indicator, false, true))
         return nullptr;

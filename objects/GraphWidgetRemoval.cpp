@@ -135,6 +135,14 @@ void CRGraphWidget::RemoveIndicatorFromList(CRIndicator *indicator) {
     m_indicators.erase(std::remove(m_indicators.begin(), m_indicators.end(), indicator), m_indicators.end());
 }
 
+// An object that was being added goes again, and the host is told nothing of it here.
+void CRGraphWidget::DiscardIndicator(CRIndicator *indicator) {
+    if (!HasIndicator(indicator))
+        return;
+    RemoveIndicatorFromList(indicator);
+    delete indicator;
+}
+
 void CRGraphWidget::SubscribeIndicator(void *handle) {
     HostCalls::subscribe(handle, this);
 }

@@ -85,7 +85,8 @@ TEST(InstrumentAdding, LooksForTheServiceOfTheItemsProvider) {
         const char *wanted;
     };
     // Without a provider the start of the answer counts: that is all that some hosts write.
-    for (const Case &names : {Case{"CANDLE", "OTHER", "OTHER"}, Case{"SHORT", "", "SHORT"}, Case{"", "", ""}}) {
+    for (const Case &names :
+         {Case{"CANDLE", "OTHER", "OTHER"}, Case{"SHORT", "", "SHORT"}, Case{"", "", ""}}) {
         FakeHost host;
         const Chart chart = host.createChart();
         host.answer(ToHost::InterfaceNames, [&](void *, int, int lParam) {
@@ -186,8 +187,8 @@ TEST(InstrumentAdding, KeepsTheSelectedPaneUntilItIsAnnounced) {
     chart.handle->m_nSelectedArea = 0;
     int selected = -2;
     host.setInterruption([&](const Call &call) {
-        if (call.message == ToHost::Milestone && bytes::text8(call.wRecord.constData(), 4, 255) ==
-                                                     QByteArray("Add primary primitive"))
+        if (call.message == ToHost::Milestone &&
+            bytes::text8(call.wRecord.constData(), 4, 255) == QByteArray("Add primary primitive"))
             selected = chart.handle->m_nSelectedArea;
     });
     host.addInstrument(chart, "EURUSD");

@@ -56,7 +56,8 @@ const Nonsense nonsense[] = {
     {"no period", [](mvDataPointArray *array) { array->identity.m_periods = makePeriod(0, 0); }},
     {"longest period", [](mvDataPointArray *array) { array->identity.m_periods.lenPeriod = INT_MAX; }},
     {"shortest period", [](mvDataPointArray *array) { array->identity.m_periods.lenPeriod = INT_MIN; }},
-    {"period of years", [](mvDataPointArray *array) { array->identity.m_periods = makePeriod('Y', INT_MAX); }},
+    {"period of years",
+     [](mvDataPointArray *array) { array->identity.m_periods = makePeriod('Y', INT_MAX); }},
     {"months before", [](mvDataPointArray *array) { array->identity.m_periods = makePeriod('M', -5); }},
     {"no name", [](mvDataPointArray *array) { std::memset(array->identity.m_szNameSymbol, 0, 510); }},
     {"name without end",
@@ -85,7 +86,8 @@ const Nonsense nonsense[] = {
      [](mvDataPointArray *array) { fillFloats(array, std::numeric_limits<float>::quiet_NaN()); }},
     {"values without bound",
      [](mvDataPointArray *array) { fillFloats(array, std::numeric_limits<float>::infinity()); }},
-    {"greatest values", [](mvDataPointArray *array) { fillFloats(array, std::numeric_limits<float>::max()); }},
+    {"greatest values",
+     [](mvDataPointArray *array) { fillFloats(array, std::numeric_limits<float>::max()); }},
     {"smallest values",
      [](mvDataPointArray *array) { fillFloats(array, std::numeric_limits<float>::denorm_min()); }},
     {"no prices", [](mvDataPointArray *array) { fillFloats(array, 0); }},
@@ -183,8 +185,8 @@ INSTANTIATE_TEST_SUITE_P(Nonsense, BadArray, testing::ValuesIn(nonsense));
 // Candles, and points of one value, in every way of drawing: a host may change it at any time.
 TEST(BadValues, AreSurvivedInEveryWayOfDrawing) {
     using Limits = std::numeric_limits<float>;
-    const float values[] = {Limits::quiet_NaN(), Limits::infinity(), -Limits::infinity(), Limits::max(),
-                            Limits::lowest(),    Limits::denorm_min()};
+    const float values[] = {Limits::quiet_NaN(), Limits::infinity(), -Limits::infinity(),
+                            Limits::max(),       Limits::lowest(),   Limits::denorm_min()};
     FakeHost host;
     const Chart chart = host.createChart(QSize(400, 300));
     FakeObject *instrument = host.addInstrument(chart, "EURUSD");

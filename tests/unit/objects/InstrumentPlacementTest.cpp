@@ -16,7 +16,8 @@ struct DirectChart {
     void *create(CRGraphLayer *layer, coreSzNode *node, void *handle = nullptr) {
         unsigned short text[255];
         fillField(text, QString("EURUSD"));
-        return chart.handle->CreateInstrument(nullptr, layer, text, "Bid", makePeriod('D', 1), 9, node, handle);
+        return chart.handle->CreateInstrument(nullptr, layer, text, "Bid", makePeriod('D', 1), 9, node,
+                                              handle);
     }
     CRGraphLayer *layer() { return chart.handle->m_areas[0]->m_layers[0]; }
 
