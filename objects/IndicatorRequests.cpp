@@ -6,6 +6,7 @@
 
 #include <QPointer>
 #include <algorithm>
+#include <set>
 
 // A call of the host can take the window or this object away. Behind one, only the window's list is asked
 // whether this object is still there; no member is touched before.
@@ -90,8 +91,24 @@ void CRIndicator::UpdateData(coreCoreUpdateDpaData *data) {
         RequestHLines();
 }
 
+// The lines of the list change places among themselves, any other one keeps its place.
 void CRIndicator::SortPrimitives(const coreListCreateData &list) {
-    std::stable_sort(m_primitives.begin(), m_primitives.end(), SortByOrder(list));
+    std::set<QString> names;
+    for (int place = 0; list.arrays && place < list.count; ++place)
+        if (const mvDataPointArray *array = list.arrays[place])
+            names.insert(fieldText(array->identity.m_szNameSymbol));
+    std::vector<std::size_t> places;
+    std::vector<CRPrimitive *> listed;
+    for (std::size_t place = 0; place < m_primitives.size(); ++place) {
+        CRPrimitive *primitive = m_primitives[place];
+        if (!primitive->GetArray() || names.count(lineName(primitive)) == 0)
+            continue;
+        places.push_back(place);
+        listed.push_back(primitive);
+    }
+    std::stable_sort(listed.begin(), listed.end(), SortByOrder(list));
+    for (std::size_t i = 0; i < listed.size(); ++i)
+        m_primitives[places[i]] = listed[i];
 }
 
 // Whether line studies of a disappearing series can go to another one of the same period and pane.

@@ -147,6 +147,13 @@ TEST(Indicator, SortsItsLinesByAHostList) {
     EXPECT_EQ(namesOf(shown.indicator), QStringList({"C", "A", "B"}));
 }
 
+TEST(Indicator, SortsPastALineThatIsNotInTheList) {
+    Shown shown({"X", "A", "B", "D", "Y"});
+    Lines order({"D", "A"});
+    shown.indicator.SortPrimitives(order.list());
+    EXPECT_EQ(namesOf(shown.indicator), QStringList({"X", "D", "B", "A", "Y"}));
+}
+
 // ---- levels ----
 
 coreHorizontLine levels(int line, int count, Word color = 0xFF0000) {
