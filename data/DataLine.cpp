@@ -118,6 +118,20 @@ void CRMDataLine::Create(mvDataPointArray *array) {
     }
 }
 
+void CRMDataLine::Detach() {
+    releaseArray();
+    std::fill_n(m_fieldOffset, int(fieldCount), -1);
+    m_fieldTypes.clear();
+    m_fieldOffsets.clear();
+    m_lastCount = 0;
+}
+
+QString CRMDataLine::AttachedName() const {
+    coreNameInstrument identity;
+    std::memcpy(&identity, m_arrayCopy, sizeof identity);
+    return fieldText(identity.m_szNameSymbol);
+}
+
 int CRMDataLine::Update(mvDataPointArray *array) {
     if (array && array != m_pArray) {
         releaseArray();

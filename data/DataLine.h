@@ -53,6 +53,8 @@ public:
     virtual ~CRMDataLine();
 
     void Create(mvDataPointArray *array);
+    void Detach();                // lets the array go; its name stays known
+    QString AttachedName() const; // symbol of a host's array when it was attached; outlives the array
     int Update(mvDataPointArray *array); // points added since the last update
 
     // ---- values; 0 for no data, an index outside the array, a field that the array lacks ----

@@ -15,11 +15,37 @@ namespace {
 
 using ArrayList = std::vector<mvDataPointArray *>;
 
-mvDataPointArray *arrayNamed(const ArrayList &list, const QString &name) {
+// The place in the host's list, -1 for none.
+int placeOf(const ArrayList &list, const mvDataPointArray *array) {
+    const auto place = std::find(list.begin(), list.end(), array);
+    return array && place != list.end() ? static_cast<int>(place - list.begin()) : -1;
+}
+
+// The array of the line in the host's list. One that is not in the list may be freed already, so that the
+// line is looked for by the name that its array had.
+mvDataPointArray *listedArray(const ArrayList &list, const CRPrimitive &line) {
+    if (placeOf(list, line.GetArray()) >= 0)
+        return line.GetArray();
+    const QString name = line.AttachedName();
     for (mvDataPointArray *array : list)
-        if (fieldText(array->identity.m_szNameSymbol) == name)
+        if (array && fieldText(array->identity.m_szNameSymbol) == name)
             return array;
     return nullptr;
+}
+
+// Every series of the object takes its array and its number from the list, ahead of all that reads them.
+void attachLines(const CRGraphWidget &window, void *handle, const ArrayList &current) {
+    for (const CRIndicator *indicator : window.m_indicators) {
+        if (indicator->GetHandle() != handle)
+            continue;
+        for (CRPrimitive *primitive : indicator->m_primitives) {
+            mvDataPointArray *array = listedArray(current, *primitive);
+            if (!array)
+                continue;
+            primitive->CRMDataLine::Create(array);
+            primitive->m_nLineIndex = placeOf(current, array);
+        }
+    }
 }
 
 // Where the lines of an object stand, and its new ones go.
@@ -46,7 +72,7 @@ bool dropLines(CRGraphWidget *window, void *handle, const ArrayList &current, Li
             continue;
         if (CRGraphLayer *stands = shownLayer(primitive))
             place->Note(stands);
-        if (!arrayNamed(current, lineName(primitive)))
+        if (placeOf(current, primitive->GetArray()) < 0)
             visible->DeletePrimitive(primitive);
         if (!guard)
             return false;
@@ -56,22 +82,39 @@ bool dropLines(CRGraphWidget *window, void *handle, const ArrayList &current, Li
     return true;
 }
 
-// The lines that stay take their arrays, the others are hidden. The lowest of them gives the place.
-void renewLines(CRIndicator &indicator, const ArrayList &current, LinePlace *place) {
+// The lines that stay are shown, the others are hidden. The lowest of them gives the place.
+void showListedLines(CRIndicator &indicator, const ArrayList &current, LinePlace *place) {
     const CRPrimitive *lowest = nullptr;
     for (CRPrimitive *primitive : indicator.m_primitives) {
-        mvDataPointArray *array = arrayNamed(current, lineName(primitive));
-        primitive->m_bVisible = array != nullptr;
-        if (!array) {
-            primitive->CRMDataLine::operator=(CRMDataLine()); // the host may free the old array from now on
-            continue;
-        }
-        primitive->CRMDataLine::Create(array);
-        if (shownLayer(primitive) && (!lowest || primitive->m_nIndex < lowest->m_nIndex))
+        const bool listed = placeOf(current, primitive->GetArray()) >= 0;
+        primitive->m_bVisible = listed;
+        if (listed && shownLayer(primitive) && (!lowest || primitive->m_nIndex < lowest->m_nIndex))
             lowest = primitive;
     }
     if (lowest)
         place->Note(lowest->m_pLayer);
+}
+
+// The host may free from now on what it does not list any more.
+void detachUnlisted(const CRGraphWidget &window, void *handle, const ArrayList &current) {
+    for (const CRIndicator *indicator : window.m_indicators) {
+        if (indicator->GetHandle() != handle)
+            continue;
+        for (CRPrimitive *primitive : indicator->m_primitives)
+            if (placeOf(current, primitive->GetArray()) < 0)
+                primitive->Detach();
+    }
+}
+
+// The line of the array, visible again; null when the object has none of that name yet.
+CRPrimitive *restoreLine(CRIndicator &indicator, const mvDataPointArray *array) {
+    for (int i = 0; i < indicator.GetPrimitiveCount(); ++i) {
+        if (indicator[i]->GetArray() != array)
+            continue;
+        indicator.RestorePrimitive(i);
+        return indicator[i];
+    }
+    return indicator.RestorePrimitive(array->identity.m_szNameSymbol);
 }
 
 } // namespace
@@ -83,14 +126,18 @@ void CRGraphWidget::ReBuildIndicator(coreRebuildDpa *record) {
     QPointer<CRGraphWidget> guard(this);
     void *const handle = record->handle;
     const int outputs = HostCalls::outputCount(handle);
-    ArrayList current = HostCalls::outputArrays(handle, outputs);
-    current.erase(std::remove(current.begin(), current.end(), nullptr), current.end());
+    const ArrayList current = HostCalls::outputArrays(handle, outputs);
+    if (!guard)
+        return;
+    m_maxima.clear(); // all values may be other ones
+    attachLines(*this, handle, current);
     LinePlace place;
-    if (!guard || !dropLines(this, handle, current, &place))
+    if (!dropLines(this, handle, current, &place))
         return;
     CRIndicator *indicator = FindIndicator(handle);
     if (indicator)
-        renewLines(*indicator, current, &place);
+        showListedLines(*indicator, current, &place);
+    detachUnlisted(*this, handle, current);
     for (CRGraphArea *each : m_areas)
         each->UpdateData();
 
@@ -132,19 +179,19 @@ bool CRGraphWidget::AddRebuiltLines(CRIndicator *indicator, CRGraphLayer *layer,
             continue;
         if (!target)
             return false;
-        CRPrimitive *primitive = indicator->RestorePrimitive(array->identity.m_szNameSymbol);
+        // Lines are numbered as the object lists them.
+        const int place = placeOf(current, array);
+        const int line = place < 0 ? static_cast<int>(i) : place;
+        CRPrimitive *primitive = restoreLine(*indicator, array);
         if (primitive) {
             leaveLayer(primitive);
             primitive->m_pLayer = target;
             target->m_primitives.push_back(primitive);
             target->m_bPrimitivesDirty = true;
             primitive->CRMDataLine::Create(array);
+            primitive->m_nLineIndex = line;
         } else {
-            // Lines are numbered as the object lists them.
-            const auto place = std::find(current.begin(), current.end(), array);
-            const auto line =
-                place == current.end() ? static_cast<std::ptrdiff_t>(i) : place - current.begin();
-            primitive = indicator->AddPrimitive(target, 0, static_cast<int>(line), outputDrawType(*array));
+            primitive = indicator->AddPrimitive(target, 0, line, outputDrawType(*array));
             if (!primitive)
                 continue;
             bindLine(primitive, indicator->GetHandle(), array);

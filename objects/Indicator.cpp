@@ -37,7 +37,7 @@ QString lineName(const CRPrimitive *primitive) {
     if (!primitive)
         return QString();
     const mvDataPointArray *array = primitive->GetArray();
-    return array ? fieldText(array->identity.m_szNameSymbol) : primitive->ExName(0);
+    return array ? fieldText(array->identity.m_szNameSymbol) : primitive->AttachedName();
 }
 
 void bindLine(CRPrimitive *primitive, void *handle, mvDataPointArray *array) {

@@ -215,6 +215,25 @@ TEST(DataLineTest, ACopySharesTheArray) {
     EXPECT_EQ(lines[1].GetFieldOffset("CLOSE"), 16);
 }
 
+TEST(DataLineTest, ADetachedLineKeepsTheNameOnly) {
+    FakeArray array;
+    array.setCandles(makeBars(3));
+    fillField(array.header()->identity.m_szNameSymbol, QString("EURUSD"));
+    CRMDataLine line(array.header());
+    EXPECT_EQ(CRMDataLine().AttachedName(), "");
+    fillField(array.header()->identity.m_szNameSymbol, QString("OTHER"));
+    EXPECT_EQ(line.AttachedName(), "EURUSD");
+    line.Detach();
+    EXPECT_EQ(line.GetArray(), nullptr);
+    EXPECT_EQ(line.GetClose(0), 0.0);
+    EXPECT_FALSE(line.HasField(CRMDataLine::CLOSE));
+    EXPECT_EQ(line.GetFieldOffset("CLOSE"), -1);
+    EXPECT_EQ(line.AttachedName(), "EURUSD");
+    line.Create(array.header());
+    EXPECT_EQ(line.AttachedName(), "OTHER");
+    EXPECT_EQ(line.GetDataPointCount(), 3);
+}
+
 // ---- arrays of the line's own ----
 
 CRMDataLine ownLine() {
