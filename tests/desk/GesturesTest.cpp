@@ -18,6 +18,7 @@
 #include <QMessageBox>
 #include <QSlider>
 #include <QTabBar>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 #include <QTreeView>
@@ -87,6 +88,29 @@ TEST_F(DeskTest, TheFilterOfTheListFindsASymbolByKeys) {
     const int before = countTraced("5007 add instruments {window");
     QTest::keyClick(filter, Qt::Key_Return);
     EXPECT_EQ(countTraced("5007 add instruments {window"), before + 1);
+}
+
+TEST_F(DeskTest, ASymbolAddedTwiceLivesOnWhenOneOfThemIsDeleted) {
+    startWithOneChart();
+    QTimer user; // takes the layer that the chart offers
+    QObject::connect(&user, &QTimer::timeout, [] {
+        if (QWidget *modal = QApplication::activeModalWidget())
+            QTest::keyClick(modal, Qt::Key_Return);
+    });
+    user.start(50);
+    emit window().symbols().addWanted("EUR/USD");
+    user.stop();
+    ASSERT_EQ(deck().active()->caption().count("EUR/USD"), 2) << deck().active()->caption().toStdString();
+    // Down one column, which crosses a candle somewhere.
+    for (int y = 10; y < chart()->height() - 60 && countTraced("3092 ") == 0; y += 3)
+        QTest::mouseClick(chart(), Qt::LeftButton, Qt::NoModifier, QPoint(chart()->width() / 3, y));
+    ASSERT_GT(countTraced("3092 "), 0);
+    QTest::keyClick(chart(), Qt::Key_Delete);
+    EXPECT_EQ(deck().active()->caption().count("EUR/USD"), 1) << deck().active()->caption().toStdString();
+    const int updates = countTraced("3009 update data");
+    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    ASSERT_TRUE(session().book().quote("EUR/USD", {now, 1.2f, 1.2002f, 1}));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return countTraced("3009 update data") > updates; }, 3000));
 }
 
 TEST_F(DeskTest, ATimeframeButtonChangesThePeriodOfTheChart) {
