@@ -5,6 +5,15 @@
 
 namespace {
 
+/// The messages about links and levels, in their order.
+std::vector<unsigned> extrasAsked(const FakeHost &host) {
+    std::vector<unsigned> numbers;
+    for (unsigned number : traffic(host))
+        if (number == ToHost::LinkCount || number == ToHost::Links || number == ToHost::HorizontalLevels)
+            numbers.push_back(number);
+    return numbers;
+}
+
 /// An instrument, and an indicator of the outputs A, B, C in a pane of its own.
 struct UpdatedChart {
     UpdatedChart() : chart(host.createChart()), instrument(host.addInstrument(chart, "EURUSD")) {
@@ -67,8 +76,9 @@ TEST(DataUpdate, OfEachKnownKindAsksForLinksAndLevels) {
     for (int kind : {0, 1, 2}) {
         UpdatedChart on;
         on.host.update(on.indicator, on.chart, kind);
-        EXPECT_EQ(on.host.count(ToHost::LinkCount), 1) << kind;
-        EXPECT_EQ(on.host.count(ToHost::HorizontalLevels), 1) << kind;
+        EXPECT_EQ(extrasAsked(on.host),
+                  std::vector<unsigned>({ToHost::LinkCount, ToHost::Links, ToHost::HorizontalLevels}))
+            << kind;
         EXPECT_EQ(on.chart.handle->m_indicators[1]->m_updateKind, kind);
     }
 }
@@ -103,6 +113,23 @@ TEST(DataUpdate, OfAStrangeHandleTouchesNoLine) {
     stranger.handle = 0x0BADF00D;
     on.host.update(&stranger, on.chart, 0);
     EXPECT_EQ(on.host.count(ToHost::LinkCount), 0);
+}
+
+// Whoever's data it was: the positions wait for the tick.
+TEST(DataUpdate, LogsTheMarkOfThePositionsForEachObject) {
+    for (const Word handle : {0x0BADF00Du, 0u}) {
+        UpdatedChart on;
+        FakeObject stranger;
+        stranger.handle = handle;
+        on.host.tick();
+        on.host.log.clear();
+        on.host.update(handle ? &stranger : on.indicator, on.chart, 0);
+        int marks = 0;
+        for (const LogLine &line : on.host.log)
+            marks += line.text.startsWith("m_bUpdatePrimitivePositions = true|GraphWidget|");
+        EXPECT_EQ(marks, 2);
+        EXPECT_TRUE(on.chart.handle->m_bUpdatePrimitivePositions);
+    }
 }
 
 TEST(DataUpdate, OfADisplayTakesNewColours) {
@@ -159,8 +186,8 @@ TEST(Rebuild, WithFewerOutputsDropsLines) {
     UpdatedChart on;
     EXPECT_EQ(on.rebuild({"A", "C"}), 0);
     EXPECT_EQ(on.lines(), QStringList({"A", "C"}));
-    EXPECT_EQ(on.host.count(ToHost::HorizontalLevels), 1);
-    EXPECT_EQ(on.host.count(ToHost::LinkCount), 1);
+    EXPECT_EQ(extrasAsked(on.host),
+              std::vector<unsigned>({ToHost::HorizontalLevels, ToHost::LinkCount, ToHost::Links}));
     EXPECT_EQ(on.chart.handle->m_nSelectedArea, -1);
     on.host.tick();
     on.host.grab(on.chart);
@@ -270,6 +297,76 @@ TEST(DataUpdate, ReachesEverySeriesOfTheObject) {
     host.update(object, chart, 2);
     for (const CRIndicator *indicator : chart.handle->m_indicators)
         EXPECT_EQ(indicator->m_primitives[0]->m_lineColor.rgb() & 0xFFFFFF, 0x112233u);
+}
+
+TEST(Rebuild, CountsTheLineThatTheHostLeavesOut) {
+    UpdatedChart on;
+    on.host.answer(ToHost::OutputCount, [](void *, int, int lParam) {
+        bytes::put<int>(fromWord<void>(lParam), 0, 3);
+        return 0;
+    });
+    on.host.answer(ToHost::OutputArrays, [&on](void *, int, int lParam) {
+        auto *list = fromWord<coreListCreateData>(lParam);
+        list->arrays[0] = on.indicator->array(0).header();
+        list->arrays[2] = on.indicator->array(1).header();
+        return 0;
+    });
+    on.rebuild({"A", "D"});
+    EXPECT_EQ(on.lines(), QStringList({"A", "D"}));
+    EXPECT_EQ(on.chart.handle->m_indicators[1]->m_primitives[1]->m_nLineIndex, 2);
+}
+
+// Without a line on the chart the user is asked where the new ones go.
+TEST(Rebuild, FromNothingAsksForTheLayer) {
+    UpdatedChart on;
+    on.rebuild({});
+    EXPECT_EQ(on.lines(), QStringList());
+    EXPECT_EQ(viewOf(on.chart).indicators, 2);
+
+    on.chart.handle->m_nSelectedArea = 1;
+    rejectDialog(on.host);
+    on.host.clearTraffic();
+    EXPECT_EQ(on.rebuild({"X"}), 0);
+    EXPECT_EQ(on.lines(), QStringList());
+    EXPECT_TRUE(extrasAsked(on.host).empty());
+    EXPECT_EQ(on.chart.handle->m_nSelectedArea, 1);
+
+    acceptLayer(on.host);
+    EXPECT_EQ(on.rebuild({"X"}), 0);
+    const ChartView view = viewOf(on.chart);
+    ASSERT_TRUE(view.line("X"));
+    EXPECT_EQ(view.line("X")->area, 0);
+    EXPECT_EQ(view.line("X")->layer, 1);
+    EXPECT_EQ(view.layers[0], 2); // the one of the refusal was empty
+    EXPECT_EQ(on.chart.handle->m_nSelectedArea, -1);
+}
+
+// An object that stands on the chart twice may have freed its old arrays behind the message.
+TEST(Rebuild, LeavesNoOldArrayWithTheOtherSeriesOfTheObject) {
+    for (const bool renamed : {false, true}) {
+        FakeHost host;
+        const Chart chart = host.createChart();
+        FakeObject *object = host.addInstrument(chart, "EURUSD");
+        acceptLayer(host);
+        ASSERT_EQ(host.addInstrument(chart, "EURUSD"), object);
+        const std::unique_ptr<FakeArray> old = std::move(object->outputs[0]);
+        auto fresh = std::make_unique<FakeArray>();
+        mvDataPointArray *header = fresh->header();
+        header->identity = old->header()->identity;
+        header->owner = old->header()->owner;
+        header->typeShow = old->header()->typeShow;
+        fresh->setCandles(makeBars(10));
+        if (renamed)
+            fillField(header->identity.m_szNameSymbol, QString("OTHER"));
+        object->outputs[0] = std::move(fresh);
+        coreRebuildDpa record{fromWord<void>(object->handle), 0, 1, &header};
+        EXPECT_EQ(host.send(ToModule::RebuildOutputs, chart.handle, &record), 0);
+        ASSERT_EQ(chart.handle->m_indicators.size(), 2u);
+        for (const CRIndicator *indicator : chart.handle->m_indicators)
+            for (const CRPrimitive *primitive : indicator->m_primitives)
+                EXPECT_NE(primitive->GetArray(), old->header()) << renamed;
+        EXPECT_EQ(chart.handle->m_indicators[1]->m_primitives[0]->GetArray(), renamed ? nullptr : header);
+    }
 }
 
 // ---- names ----
