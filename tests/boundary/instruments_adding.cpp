@@ -378,6 +378,22 @@ TEST(InstrumentAdding, ShowsTheLastCandles) {
         << qPrintable(host.caption(chart));
 }
 
+TEST(InstrumentAdding, StandsAheadOfTheIndicatorsInTheCaption) {
+    FakeHost host;
+    const Chart chart = host.createChart();
+    host.setDrawKind(8); // dots on values are no instrument of the caption
+    host.addInstrument(chart, "USDJPY");
+    host.setDrawKind(1);
+    host.addIndicator(chart, "CHF+EUR");
+    host.addInstrument(chart, "GBPUSD");
+    host.addInstrument(chart, "EURUSD");
+    const QString caption = host.caption(chart);
+    EXPECT_TRUE(caption.startsWith("Terminal, GBP/USD 1 Hour Bid (")) << qPrintable(caption);
+    const int second = caption.indexOf(", EUR/USD 1 Hour Bid (");
+    EXPECT_GT(second, 0) << qPrintable(caption);
+    EXPECT_GT(caption.indexOf(", USD", second), second) << qPrintable(caption);
+}
+
 TEST(InstrumentAdding, SurvivesTheWindowsEndInItsDialogs) {
     for (bool ticks : {false, true}) {
         FakeHost host;

@@ -1,4 +1,5 @@
 // Changing instruments: the timeframe panel, the data type, base data, the quick-add menu.
+#include "tests/boundary/InputDriver.h"
 #include "tests/boundary/instruments_view.h"
 
 #include <QAction>
@@ -125,6 +126,19 @@ TEST(CurrentInstruments, OfSeveralNeedASelectedPane) {
     EXPECT_EQ(changed(host, chart), QStringList("EURUSD"));
 }
 
+TEST(CurrentInstruments, AreThoseOfThePaneThatTheUserClicksOn) {
+    FakeHost host;
+    const Chart chart = host.createChart(QSize(600, 400));
+    host.addInstrument(chart, "EURUSD");
+    host.addInstrument(chart, "GBPUSD");
+    host.grab(chart);
+    for (const int pane : {1, 0}) {
+        const QRect rect = chart.handle->m_areas[static_cast<std::size_t>(pane)]->m_rect;
+        Mouse(chart).click(QPoint(rect.center().x(), rect.top() + 20)); // beside the candles
+        EXPECT_EQ(changed(host, chart), QStringList(pane ? "GBPUSD" : "EURUSD"));
+    }
+}
+
 TEST(CurrentInstruments, OfOnePaneAreTheMarkedOnes) {
     FakeHost host;
     const Chart chart = host.createChart();
@@ -160,6 +174,22 @@ TEST(PriceType, IsAskedForByWhatIsShown) {
     EXPECT_EQ(needToConvert(host), Answer(1, 1));
     host.send(ToModule::ConvertToType, 7);
     EXPECT_EQ(needToConvert(host), Answer(1, 0));
+}
+
+// The list goes from one module to the next.
+TEST(PriceType, AnswersBehindTheAnswersOfOthers) {
+    FakeHost host;
+    const Chart chart = host.createChart();
+    host.addInstrument(chart, "EURUSD");
+    bytes::Record list(4 + 4 * 8);
+    std::memset(list.data(), 0x5A, 4 + 4 * 8);
+    bytes::put<Word>(list.data(), 0, 2);
+    EXPECT_EQ(host.send(ToModule::NeedToConvert, list.data()), 0);
+    EXPECT_EQ(bytes::u32(list.data(), 0), 3u);
+    for (const int offset : {4, 8, 12, 16, 28, 32})
+        EXPECT_EQ(bytes::u32(list.data(), offset), 0x5A5A5A5Au) << offset;
+    EXPECT_EQ(bytes::u32(list.data(), 20), 1u);
+    EXPECT_EQ(bytes::u32(list.data(), 24), 0u);
 }
 
 TEST(PriceType, ChangesEveryInstrumentOfEveryChart) {
