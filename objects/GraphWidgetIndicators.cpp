@@ -160,6 +160,8 @@ void CRGraphWidget::RenameIndicator(void *record) {
                               indicator->m_primitives.end());
     for (const QPointer<CRPrimitive> &primitive : primitives) {
         if (primitive)
+            primitive->CRMDataLine::Create(primitive->GetArray()); // with the name of now
+        if (primitive)
             primitive->RequestExNames();
         if (primitive)
             primitive->SyncInternalData();

@@ -107,6 +107,20 @@ TEST(RebuiltLines, AreFoundWhenTheHostHasFreedItsOldArrays) {
     on.host.grab(on.chart);
 }
 
+TEST(RebuiltLines, AreFoundByTheNameOfTheirLastRename) {
+    LinesChart on({"A", "B"});
+    const std::vector<CRPrimitive *> before = on.series();
+    fillField(on.object->array(1).header()->identity.m_szNameSymbol, QString("B2"));
+    bytes::Record record(778);
+    bytes::put<Word>(record.data(), 0, on.object->handle);
+    EXPECT_EQ(on.host.send(ToModule::Rename, on.chart.handle, record.data()), 0);
+    on.setOutputs({{"A", -1}, {"B2", -1}});
+    for (const auto &array : on.dropped)
+        overwrite(*array);
+    on.rebuild();
+    EXPECT_EQ(on.series(), before);
+}
+
 // The host may have put another text into the record of names.
 TEST(RebuiltLines, OfAHiddenObjectComeBackByTheNameOfTheirArray) {
     LinesChart on({"A", "B"});

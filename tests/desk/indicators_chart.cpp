@@ -1,6 +1,7 @@
 // Every indicator on a chart of the real module: it lands where it belongs and is seen in its colours.
 #include "host/indicators/Formula.h"
 #include "host/indicators/Indicator.h"
+#include "host/pages/Page.h"
 #include "host/window/IndicatorPanel.h"
 #include "module/HostRecords.h"
 #include "tests/desk/DeskFixture.h"
@@ -75,6 +76,27 @@ TEST_F(IndicatorChart, EveryKindIsSeenInItsColours) {
             picture.save(
                 QDir(qEnvironmentVariable("VELMAR_PICTURES")).filePath(name + QStringLiteral(".png")));
     }
+}
+
+// The lines that the area lies between have other numbers once the one ahead of them is switched off.
+TEST_F(IndicatorChart, BandsWithoutTheirMiddleLineStayFilled) {
+    startWithOneChart();
+    ChartPane &pane = *deck().active();
+    add(pane, "Bollinger");
+    ASSERT_EQ(indicatorsOf(pane).size(), 1u);
+    const auto bands = indicatorsOf(pane).front();
+    const QColor fill(bands->outputs()[1]->typeShow.secondColor);
+    settle();
+    const int filled = countPixels(pane.chart()->grab().toImage(), fill);
+    std::unique_ptr<Page> page = bands->page();
+    for (PageGroup &group : page->groups)
+        for (PageItem &item : group.items)
+            if (item.name == QStringLiteral("Middle line"))
+                item.value = false;
+    EXPECT_EQ(bands->applyPage(*page), QString());
+    ASSERT_EQ(bands->outputs().size(), 2u);
+    settle();
+    EXPECT_GT(countPixels(pane.chart()->grab().toImage(), fill), filled * 9 / 10);
 }
 
 } // namespace
