@@ -182,6 +182,46 @@ TEST(Report, AsksForATimeFrameAndShowsItsSymbols) {
     EXPECT_EQ(host.milestones.count("Added dealing indicator"), 1);
 }
 
+TEST(Report, SendsItsMessagesInOrder) {
+    FakeHost host;
+    const Chart chart = host.createChart();
+    ReportRequest request(host);
+    host.onDialog([&host](QDialog *dialog) {
+        EXPECT_EQ(host.count(ToHost::FindInterface), 1);
+        EXPECT_EQ(host.count(ToHost::CreateObject), 0);
+        dialog->accept();
+    });
+    host.clearTraffic();
+    ASSERT_EQ(request.open(host, chart), 0);
+    const int report = bytes::i32(request.record.data(), 778);
+    std::vector<unsigned> numbers;
+    for (const Call &call : host.calls())
+        if (call.toHost && call.wParam == report && call.message != ToHost::DisplayNames &&
+            call.message != ToHost::Identity)
+            numbers.push_back(call.message);
+    EXPECT_EQ(numbers, std::vector<unsigned>({ToHost::Subscribe, ToHost::SourceCount, ToHost::ReportSymbols,
+                                              ToHost::HandOverSources, ToHost::ConfirmObject,
+                                              ToHost::OutputCount, ToHost::OutputArrays, ToHost::FullPath}));
+    const Call symbols = host.callsOf(ToHost::ReportSymbols).front();
+    EXPECT_EQ(static_cast<Word>(toWord(symbols.target)), host.interfaceOf("MvDealingHistory"));
+    EXPECT_EQ(bytes::i32(symbols.lRecord.constData(), 0), 2);
+    EXPECT_EQ(host.milestones.last(), "Added dealing indicator");
+}
+
+TEST(Report, WithoutItsMakerAsksNothing) {
+    FakeHost host;
+    const Chart chart = host.createChart();
+    ReportRequest request(host);
+    host.removeInterface("MvDealingHistory");
+    bool asked = false;
+    host.onDialog([&asked](QDialog *dialog) {
+        asked = true;
+        dialog->accept();
+    });
+    EXPECT_EQ(request.open(host, chart), 1);
+    EXPECT_FALSE(asked);
+}
+
 TEST(Report, EndsWithoutAnAnswer) {
     FakeHost host;
     const Chart chart = host.createChart();
@@ -190,8 +230,6 @@ TEST(Report, EndsWithoutAnAnswer) {
     host.clearTraffic();
     EXPECT_EQ(request.open(host, chart), 1);
     EXPECT_EQ(host.count(ToHost::CreateObject), 0);
-    host.removeInterface("MvDealingHistory");
-    EXPECT_EQ(request.open(host, chart), 1);
 }
 
 TEST(Report, EndsWithoutSymbols) {
