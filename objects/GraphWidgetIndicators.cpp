@@ -48,6 +48,27 @@ CRGraphLayer *storedPlace(CRGraphWidget &window, const CRPrimitive *base, Indica
     return baseLayer && baseLayer->GetWidget() == &window ? baseLayer : firstLayer(area);
 }
 
+// The outputs that `mask` chooses, all on one layer. False when there is no place, or the host took the
+// window or the object away meanwhile.
+bool addStoredOutputs(CRGraphWidget &window, CRIndicator *indicator, const CRPrimitive *base, long mask,
+                      const std::vector<mvDataPointArray *> &outputs) {
+    QPointer<CRGraphWidget> guard(&window);
+    const IndicatorPlacement placement =
+        base ? placementByCode(placementCode(outputs)) : IndicatorPlacement{true, true};
+    QPointer<CRGraphLayer> layer;
+    for (std::size_t i = 0; i < outputs.size(); ++i) {
+        const bool chosen = mask == 0 || (i < 32 && (static_cast<unsigned long>(mask) >> i & 1));
+        if (!chosen || !outputs[i])
+            continue;
+        if (!layer)
+            layer = storedPlace(window, base, placement);
+        if (!guard || !window.HasIndicator(indicator) || !layer)
+            return false;
+        addOutput(*indicator, layer, static_cast<int>(i), outputs[i], false);
+    }
+    return true;
+}
+
 } // namespace
 
 // Rebuilds an indicator from stored data. `mask` chooses outputs by bit, 0 takes all.
@@ -71,11 +92,8 @@ void *CRGraphWidget::CreateIndicator(void *iface, const unsigned short *name, co
     const int sources = HostCalls::sourceCount(handle);
     if (!guard || hasBase != !source.isNull() || (sources != 0 && !source))
         return nullptr;
-    if (isListCount(sources)) {
-        std::vector<mvDataPointArray *> list(static_cast<std::size_t>(sources), nullptr);
-        list.front() = source->GetArray();
-        HostCalls::handOverSources(handle, list);
-    }
+    if (source)
+        handOverSource(handle, sources, source->GetArray());
     const std::vector<mvDataPointArray *> outputs = fetchOutputs(handle);
     if (outputs.empty() || !guard || hasBase != !source.isNull())
         return nullptr;
@@ -83,23 +101,12 @@ void *CRGraphWidget::CreateIndicator(void *iface, const unsigned short *name, co
     if (!indicator)
         return nullptr;
     indicator->m_isInstrument = false;
-
-    const IndicatorPlacement placement =
-        hasBase ? placementByCode(placementCode(outputs)) : IndicatorPlacement{true, true};
-    QPointer<CRGraphLayer> layer;
-    for (std::size_t i = 0; i < outputs.size(); ++i) {
-        const bool chosen = mask == 0 || (i < 32 && (static_cast<unsigned long>(mask) >> i & 1));
-        if (!chosen || !outputs[i])
-            continue;
-        if (!layer)
-            layer = storedPlace(*this, source, placement);
-        if (!guard || !HasIndicator(indicator))
-            return nullptr;
-        if (!layer) {
-            DiscardIndicator(indicator);
-            return nullptr;
-        }
-        addOutput(*indicator, layer, static_cast<int>(i), outputs[i], false);
+    const bool placed = addStoredOutputs(*this, indicator, source, mask, outputs);
+    if (!guard)
+        return nullptr;
+    if (!placed) {
+        DiscardIndicator(indicator);
+        return nullptr;
     }
     if (!FinishIndicator(indicator, true, cleanLayers))
         return nullptr;

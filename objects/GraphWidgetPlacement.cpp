@@ -72,14 +72,11 @@ private:
     QPointer<CRGraphLayer> m_layer;
 };
 
-// The source stands first in the list that the object asks for; the number that it asks for.
-int handOverSource(void *handle, const QPointer<CRGraphWidget> &window, const QPointer<CRPrimitive> &source) {
+// The number of sources that the object asks for; it gets the one.
+int askForSources(void *handle, const QPointer<CRGraphWidget> &window, const QPointer<CRPrimitive> &source) {
     const int sources = HostCalls::sourceCount(handle);
-    if (window && source && isListCount(sources)) {
-        std::vector<mvDataPointArray *> list(static_cast<std::size_t>(sources), nullptr);
-        list.front() = source->GetArray();
-        HostCalls::handOverSources(handle, list);
-    }
+    if (window && source)
+        handOverSource(handle, sources, source->GetArray());
     return sources;
 }
 
@@ -132,7 +129,7 @@ void *CRGraphWidget::AddSecondaryPrimitive(const unsigned short *name, void *ifa
             return nullptr;
     }
     SubscribeIndicator(handle);
-    const int sources = guard && source ? handOverSource(handle, guard, source) : 0;
+    const int sources = guard && source ? askForSources(handle, guard, source) : 0;
     if (!guard)
         return nullptr;
     // The host may run a dialog here, in which the user can click on other panes.

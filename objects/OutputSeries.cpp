@@ -23,6 +23,14 @@ std::vector<mvDataPointArray *> fetchOutputs(void *handle) {
     return outputs;
 }
 
+void handOverSource(void *handle, int places, mvDataPointArray *source) {
+    if (!isListCount(places))
+        return;
+    std::vector<mvDataPointArray *> list(static_cast<std::size_t>(places), nullptr);
+    list.front() = source;
+    HostCalls::handOverSources(handle, list);
+}
+
 int placementCode(const std::vector<mvDataPointArray *> &outputs) {
     for (const mvDataPointArray *array : outputs)
         if (array)

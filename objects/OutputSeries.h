@@ -14,6 +14,9 @@ bool isListCount(int count);
 // The output arrays of an object, by line; null where the host left one out, empty when it gave none.
 std::vector<mvDataPointArray *> fetchOutputs(void *handle);
 
+// Gives the object its source, ahead of the empty places of further ones; nothing when it has no place.
+void handOverSource(void *handle, int places, mvDataPointArray *source);
+
 // The scale kind of the first output.
 int placementCode(const std::vector<mvDataPointArray *> &outputs);
 

@@ -223,6 +223,19 @@ TEST(IndicatorReentrance, EveryIndicatorChangesItsOutputsInEachCall) {
     });
 }
 
+TEST(IndicatorReentrance, EveryObjectIsRenamedInEachCall) {
+    interrupted([](Play &run) {
+        for (FakeObject *object : run.host.objects()) {
+            for (auto &output : object->outputs)
+                fillField(output->header()->identity.m_szNameSymbol, QString("Renamed"));
+            bytes::Record record(778);
+            bytes::put<Word>(record.data(), 0, object->handle);
+            if (run.shown())
+                run.host.send(ToModule::Rename, run.chart.handle, record.data());
+        }
+    });
+}
+
 TEST(IndicatorReentrance, AnotherIndicatorComesInEachCall) {
     interrupted([](Play &run) { run.host.addIndicator(run.chart, "CHF+EUR"); });
 }
