@@ -192,7 +192,7 @@ TEST_F(IndicatorEngine, LevelsAndLinks) {
 TEST_F(IndicatorEngine, LinesOfOneKindHaveColoursOfTheirOwn) {
     std::set<Word> colours;
     for (int i = 0; i < 4; ++i)
-        colours.insert(arrays(indicator("MA", base))[0]->typeShow.secondColor);
+        colours.insert(+arrays(indicator("MA", base))[0]->typeShow.secondColor);
     EXPECT_EQ(colours.size(), 4u);
     // What consists of several lines keeps its colours: they tell the lines apart.
     const Word first = arrays(indicator("Bollinger", base))[0]->typeShow.secondColor;
