@@ -93,6 +93,21 @@ TEST(RebuiltLines, AreNumberedAsTheHostListsThem) {
     EXPECT_EQ(on.line(3), "E");
 }
 
+// The list of the host says which lines there are, the message which of them to put on the chart.
+TEST(RebuiltLines, ThatTheMessageLeavesOutStayAndDoNotCome) {
+    LinesChart on({"A", "B"});
+    const std::vector<CRPrimitive *> before = on.series();
+    on.setOutputs({{"NEW", -1}, {"A", 0}, {"LATER", -1}, {"B", 1}});
+    mvDataPointArray *added = on.object->array(0).header();
+    coreRebuildDpa record{fromWord<void>(on.object->handle), 0, 1, &added};
+    EXPECT_EQ(on.host.send(ToModule::RebuildOutputs, on.chart.handle, &record), 0);
+    ASSERT_EQ(on.series().size(), 3u);
+    EXPECT_EQ(on.line(0), "NEW");
+    EXPECT_EQ(on.series()[1], before[0]);
+    EXPECT_EQ(on.series()[2], before[1]);
+    EXPECT_EQ(on.numbers(), std::vector<int>({0, 1, 3}));
+}
+
 TEST(RebuiltLines, AreFoundWhenTheHostHasFreedItsOldArrays) {
     LinesChart on({"A", "B", "C"});
     const std::vector<CRPrimitive *> before = on.series();
