@@ -238,6 +238,8 @@ bool CRGraphModule::NeedToSwitchToBid() const {
 }
 
 void CRGraphModule::SwitchToType(const QString &type) {
-    for (std::size_t i = 0; i < m_widgets.size(); ++i)
-        m_widgets[i]->ResetType(type);
+    // The host can close a window inside: the others still get theirs.
+    for (CRGraphWidget *widget : std::vector<CRGraphWidget *>(m_widgets))
+        if (GetGraphWidgetIndex(widget) >= 0)
+            widget->ResetType(type);
 }

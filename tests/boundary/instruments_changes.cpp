@@ -214,13 +214,14 @@ TEST(PriceType, ChangesEveryInstrumentOfEveryChart) {
     }
 }
 
-TEST(PriceType, SurvivesAWindowThatGoesMeanwhile) {
+TEST(PriceType, ReachesTheOtherWindowsWhenOneGoesMeanwhile) {
     FakeHost host;
     Chart first = host.createChart();
     Chart second = host.createChart();
     host.addInstrument(first, "EURUSD");
     host.addInstrument(first, "GBPUSD");
-    host.addInstrument(second, "USDJPY");
+    FakeObject *left = host.addInstrument(second, "USDJPY");
+    host.clearTraffic();
     bool done = false;
     host.setInterruption([&](const Call &call) {
         if (call.message == ToHost::ChangeArray && !done) {
@@ -232,6 +233,9 @@ TEST(PriceType, SurvivesAWindowThatGoesMeanwhile) {
     host.setInterruption(nullptr);
     EXPECT_TRUE(done);
     EXPECT_EQ(viewOf(second).series.size(), 1u);
+    const std::vector<Call> calls = host.callsOf(ToHost::ChangeArray);
+    ASSERT_EQ(calls.size(), 2u);
+    EXPECT_EQ(static_cast<Word>(calls[1].wParam), left->handle);
 }
 
 TEST(GameMode, AsksForTicks) {
