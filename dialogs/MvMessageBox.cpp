@@ -57,6 +57,9 @@ void CMvMessageBox::ResizeWidgets(QMessageBox &box) {
     int widest = 0;
     for (const QString &line : label->text().split(QRegExp("(\n)|(<br>)")))
         widest = std::max(widest, metrics.width(line));
+    // All of that width is for the text: an indent or a margin would break its widest line again.
+    label->setIndent(0);
+    label->setContentsMargins(0, 0, 0, 0);
     label->setMinimumWidth(widest);
 }
 

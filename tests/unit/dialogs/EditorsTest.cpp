@@ -158,6 +158,9 @@ TEST_F(DialogTest, ABoxIsAsWideAsItsWidestLine) {
         const auto *label = box.findChild<QLabel *>("qt_msgbox_label");
         ASSERT_NE(label, nullptr);
         EXPECT_EQ(label->minimumWidth(), CMvFontMetrics(label->font()).width(row.widest)) << row.text;
+        // Nothing of that width is lost for the text.
+        EXPECT_EQ(label->contentsMargins(), QMargins()) << row.text;
+        EXPECT_EQ(label->indent(), 0) << row.text;
     }
     QMessageBox bare;
     bare.findChild<QLabel *>("qt_msgbox_label")->setObjectName("other");
