@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QDateTimeEdit>
 #include <QDoubleSpinBox>
+#include <QEvent>
 #include <QFontDialog>
 #include <QLineEdit>
 #include <QPainter>
@@ -74,6 +75,18 @@ void FontButton::choose() {
 }
 
 namespace {
+
+// The wheel scrolls the page; it changes a value only where the user has gone to.
+class WheelGuard : public QObject {
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject *object, QEvent *event) override {
+        if (event->type() != QEvent::Wheel || static_cast<QWidget *>(object)->hasFocus())
+            return false;
+        event->ignore();
+        return true;
+    }
+};
 
 int toIntLimit(double limit, int otherwise) {
     if (!(std::fabs(limit) <= double(std::numeric_limits<int>::max())))
@@ -201,6 +214,10 @@ constexpr MakeEditor makers[] = {makeIntEditor,      makeDoubleEditor,  makeText
 
 PageEditor makePageEditor(const PageItem &item, QWidget *parent, const std::function<void()> &changed) {
     PageEditor editor = makers[item.kind](item, parent, changed);
+    if (editor.widget->focusPolicy() == Qt::WheelFocus) {
+        editor.widget->setFocusPolicy(Qt::StrongFocus);
+        editor.widget->installEventFilter(new WheelGuard(editor.widget));
+    }
     editor.widget->setToolTip(item.description);
     editor.widget->setObjectName(QStringLiteral("editor%1.%2").arg(item.group).arg(item.index));
     return editor;

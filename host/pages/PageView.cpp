@@ -1,7 +1,6 @@
 #include "host/pages/PageView.h"
 #include <QFormLayout>
 #include <QLabel>
-#include <QVBoxLayout>
 
 namespace desk {
 
@@ -16,12 +15,15 @@ void PageView::setPage(const Page &page) {
     m_rows.clear();
     auto *body = new QWidget;
     body->setObjectName(QStringLiteral("pageBody"));
-    auto *layout = new QVBoxLayout(body);
-    layout->setContentsMargins(10, 6, 10, 10);
-    layout->setSpacing(6);
+    // One form for all groups keeps the editors in one column.
+    auto *form = new QFormLayout(body);
+    form->setContentsMargins(10, 6, 10, 10);
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    form->setHorizontalSpacing(12);
+    form->setVerticalSpacing(5);
     for (const PageGroup &group : page.groups)
-        addGroup(group, layout, body);
-    layout->addStretch(1);
+        addGroup(group, form, body);
     // A page can be replaced from inside a call that one of its editors made.
     if (QWidget *old = takeWidget()) {
         old->hide();
@@ -31,17 +33,12 @@ void PageView::setPage(const Page &page) {
     setChanged(false);
 }
 
-void PageView::addGroup(const PageGroup &group, QVBoxLayout *layout, QWidget *body) {
+void PageView::addGroup(const PageGroup &group, QFormLayout *form, QWidget *body) {
     if (!group.name.isEmpty()) {
         auto *headline = new QLabel(group.name, body);
         headline->setProperty("role", QStringLiteral("headline"));
-        layout->addWidget(headline);
+        form->addRow(headline);
     }
-    auto *form = new QFormLayout;
-    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    form->setHorizontalSpacing(12);
-    form->setVerticalSpacing(5);
     for (const PageItem &item : group.items) {
         const PageEditor editor = makePageEditor(item, body, [this] { setChanged(true); });
         m_rows.push_back({item.group, item.index, editor});
@@ -55,7 +52,6 @@ void PageView::addGroup(const PageGroup &group, QVBoxLayout *layout, QWidget *bo
         label->setWordWrap(true);
         form->addRow(label, editor.widget);
     }
-    layout->addLayout(form);
 }
 
 const PageView::Row *PageView::row(int group, int index) const {

@@ -33,7 +33,7 @@ private:
         int index;
         PageEditor editor;
     };
-    void addGroup(const PageGroup &group, class QVBoxLayout *layout, QWidget *body);
+    void addGroup(const PageGroup &group, class QFormLayout *form, QWidget *body);
     const Row *row(int group, int index) const;
 
     Page m_page;

@@ -17,6 +17,7 @@
 #include <QSpinBox>
 #include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
 #include <gtest/gtest.h>
 
 using namespace desk;
@@ -257,6 +258,45 @@ TEST_F(PagesTest, ADialogOfAnEditorCanBeLeftByAKey) {
     });
     QTest::keyClick(editor<FontButton>(4), Qt::Key_Space);
     EXPECT_FALSE(dock.view().isChanged());
+}
+
+TEST_F(PagesTest, TheEditorsOfAllGroupsStandInOneColumn) {
+    PROPERTY flag = sample.items[7];
+    fillField(flag.name, QStringLiteral("A name that is a good deal longer than the others"));
+    PROPERTY *others[] = {&flag};
+    PROPERTY_GROUP groups[2] = {sample.group, zeroRecord<PROPERTY_GROUP>()};
+    groups[1].index = 1;
+    groups[1].count = 1;
+    groups[1].items = others;
+    flag.group = 1;
+    flag.index = 0;
+    sample.record.groupCount = 2;
+    sample.record.groups = groups;
+    send(ToHost::ShowNewPage, &sample.record);
+    dock.resize(420, 600);
+    QTest::qWait(20);
+    ASSERT_TRUE(dock.view().editor(1, 0));
+    EXPECT_EQ(dock.view().editor(1, 0)->x(), dock.view().editor(0, 0)->x());
+    EXPECT_EQ(dock.view().editor(0, 5)->x(), dock.view().editor(0, 0)->x());
+}
+
+TEST_F(PagesTest, AWheelThatScrollsThePageChangesNoValue) {
+    send(ToHost::ShowNewPage, &sample.record);
+    const auto turn = [](QWidget *widget) {
+        QWheelEvent event(QPointF(3, 3), widget->mapToGlobal(QPointF(3, 3).toPoint()), QPoint(), QPoint(0, -120),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(widget, &event);
+    };
+    QApplication::setActiveWindow(&dock);
+    dock.findChild<QPushButton *>("applyPage")->setFocus();
+    for (const int item : {0, 1, 5, 6})
+        turn(dock.view().editor(0, item));
+    EXPECT_FALSE(dock.view().isChanged());
+    EXPECT_EQ(editor<QSpinBox>(0)->value(), 5);
+    // What the user has chosen takes the wheel.
+    editor<QSpinBox>(0)->setFocus();
+    turn(editor<QSpinBox>(0));
+    EXPECT_EQ(editor<QSpinBox>(0)->value(), 4);
 }
 
 TEST_F(PagesTest, ThePanelsAreRaisedByTheirNumbers) {
