@@ -79,7 +79,7 @@ void Indicator::ownArrays() {
 }
 
 void Indicator::tellApart(int copy) {
-    static const quint32 colours[] = {0xffe07b00, 0xff8e44ad, 0xff00897b, 0xffd81b60, 0xff6d4c41};
+    static const quint32 colours[] = {0xff2f6fd0, 0xff8e44ad, 0xff00897b, 0xffd81b60, 0xff6d4c41};
     coreTypeShow &show = m_outputs.front().line->record()->typeShow;
     if (copy == 0 || m_outputs.size() != 1 || show.drawKind != DrawByStyle || show.lineShowType != ShowLine)
         return;

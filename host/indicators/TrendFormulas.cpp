@@ -44,7 +44,7 @@ public:
     std::vector<LineLook> lines() const override {
         LineLook line;
         line.name = QStringLiteral("MA (%1)").arg(arguments());
-        line.colour = 0xff2f6fd0;
+        line.colour = 0xffe08a00;
         line.shift = intOf(m_shift);
         return {line};
     }

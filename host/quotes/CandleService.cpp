@@ -123,7 +123,9 @@ void CandleService::create(coreDemandsIndicator &demand) {
     const std::shared_ptr<Candle> candle = series(symbol, *side, period, demand.nSzNumber);
     if (!candle) {
         host().front().tell(Level::Warning,
-                            QStringLiteral("There are no quotes of a symbol \"%1\".").arg(symbol));
+                            isCurrency(symbol)
+                                ? QStringLiteral("There are no quotes of %1 against the dollar.").arg(symbol)
+                                : QStringLiteral("There are no quotes of a symbol \"%1\".").arg(symbol));
         return;
     }
     demand.handle = fromWord<void>(candle->handle());

@@ -54,8 +54,10 @@ ChartPane::ChartPane(Host &host, QWidget *parent) : QFrame(parent), m_host(host)
     row->setContentsMargins(8, 1, 3, 1);
     row->setSpacing(2);
     m_title = new QLabel(m_header);
+    m_title->setObjectName(QStringLiteral("chartTitle"));
     m_title->setTextFormat(Qt::PlainText);
     m_title->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_title->installEventFilter(this);
     m_maximise = headerButton(m_header, QStringLiteral("maximise"), QStringLiteral("maximisePane"));
     m_close = headerButton(m_header, QStringLiteral("close"), QStringLiteral("closePane"));
     m_strip = new QWidget(m_header);
@@ -126,6 +128,7 @@ void ChartPane::setActive(bool active) {
     m_header->setProperty("active", active);
     repolish(this);
     repolish(m_header);
+    showCaption(); // in another weight
 }
 
 void ChartPane::setCaption(const QString &caption) {
@@ -140,7 +143,7 @@ QString ChartPane::shortCaption() const {
 }
 
 void ChartPane::showCaption() {
-    m_title->setText(shortCaption());
+    m_title->setText(m_title->fontMetrics().elidedText(shortCaption(), Qt::ElideRight, m_title->width()));
     m_title->setToolTip(shortCaption());
 }
 
@@ -161,6 +164,8 @@ void ChartPane::resizeChart() {
 }
 
 bool ChartPane::eventFilter(QObject *object, QEvent *event) {
+    if (object == m_title && event->type() == QEvent::Resize)
+        showCaption();
     if (object == m_frame) {
         if (event->type() == QEvent::Resize)
             resizeChart();

@@ -49,6 +49,10 @@ IndicatorPanel::IndicatorPanel(Host &host, QWidget *parent) : QDockWidget(parent
     layout->addWidget(m_view, 1);
     setWidget(body);
     connect(m_filter, &QLineEdit::textChanged, this, &IndicatorPanel::filter);
+    connect(m_filter, &QLineEdit::returnPressed, this, [this] {
+        if (QTreeWidgetItem *item = firstShown())
+            activate(item);
+    });
     connect(m_view, &QTreeWidget::itemActivated, this, &IndicatorPanel::activate);
     connect(m_view, &QWidget::customContextMenuRequested, this, &IndicatorPanel::showMenu);
     retranslate();
@@ -103,12 +107,28 @@ void IndicatorPanel::filter(const QString &text) {
         QTreeWidgetItem *head = m_view->topLevelItem(i);
         int shown = 0;
         for (int j = 0; j < head->childCount(); ++j) {
-            const bool hidden = !head->child(j)->text(0).contains(text, Qt::CaseInsensitive);
+            const IndicatorEntry &entry = m_entries[std::size_t(head->child(j)->data(0, entryRole).toInt())];
+            const bool hidden = !head->child(j)->text(0).contains(text, Qt::CaseInsensitive) &&
+                                !entry.internalName.contains(text, Qt::CaseInsensitive);
             head->child(j)->setHidden(hidden);
             shown += hidden ? 0 : 1;
         }
         head->setHidden(shown == 0);
     }
+}
+
+// What the filter leaves: the entry that stands selected, else the first one.
+QTreeWidgetItem *IndicatorPanel::firstShown() const {
+    QTreeWidgetItem *current = m_view->currentItem();
+    if (current && current->parent() && !current->isHidden())
+        return current;
+    for (int i = 0; i < m_view->topLevelItemCount(); ++i) {
+        for (int j = 0; j < m_view->topLevelItem(i)->childCount(); ++j) {
+            if (!m_view->topLevelItem(i)->child(j)->isHidden())
+                return m_view->topLevelItem(i)->child(j);
+        }
+    }
+    return nullptr;
 }
 
 void IndicatorPanel::activate(QTreeWidgetItem *item) {

@@ -39,6 +39,7 @@ private:
     void fill();
     void filter(const QString &text);
     void activate(QTreeWidgetItem *item);
+    QTreeWidgetItem *firstShown() const;
     void showMenu(const QPoint &point);
     void retranslate();
 

@@ -1,4 +1,5 @@
 #include "host/window/InformationPanel.h"
+#include "host/window/Theme.h"
 #include <QEvent>
 #include <QLabel>
 #include <QScrollArea>
@@ -30,7 +31,7 @@ void InformationPanel::showLines(const std::vector<LocatorLine> &lines, const QC
         text.replace(QLatin1Char('\t'), QLatin1String("&nbsp;&nbsp;"));
         const int size = line.pointSize > 0 ? line.pointSize : 8;
         html += QStringLiteral("<div style=\"color:%1;font-size:%2pt\">%3</div>")
-                    .arg(line.colour.name())
+                    .arg(theme::readable(line.colour, background).name())
                     .arg(size + 1)
                     .arg(text.trimmed().isEmpty() ? QStringLiteral("&nbsp;") : text);
     }

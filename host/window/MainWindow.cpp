@@ -5,8 +5,10 @@
 #include "host/core/Journal.h"
 #include "host/core/TextService.h"
 #include "host/core/WindowService.h"
+#include "host/indicators/Formula.h"
 #include "host/pages/PropertyDock.h"
 #include "host/pages/PropertyService.h"
+#include "host/quotes/PointArray.h"
 #include "host/quotes/QuoteBook.h"
 #include "host/window/ChartDeck.h"
 #include "host/window/ChartPane.h"
@@ -48,6 +50,7 @@ MainWindow::MainWindow(Host &host, Journal &journal)
     makeZoomBar();
     makeMenus();
     m_message = new QLabel(this);
+    m_message->setObjectName(QStringLiteral("statusMessage"));
     m_message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_progress = new QProgressBar(this);
     m_progress->setMaximumWidth(160);
@@ -67,12 +70,12 @@ MainWindow::MainWindow(Host &host, Journal &journal)
     });
     connect(m_symbols, &SymbolPanel::addWanted, this, [this](const QString &symbol) {
         if (ChartPane *pane = m_deck->active())
-            addInstrument(*pane, symbol, activeSide(), activePeriod());
+            addInstrument(*pane, symbol, activeSide(), periodFor(symbol, activeInstrument()));
         else
-            openChart(symbol, activeSide(), activePeriod());
+            openChart(symbol, activeSide(), periodFor(symbol, nullptr));
     });
     connect(m_symbols, &SymbolPanel::openWanted, this,
-            [this](const QString &symbol) { openChart(symbol, activeSide(), activePeriod()); });
+            [this](const QString &symbol) { openChart(symbol, activeSide(), periodFor(symbol, nullptr)); });
     connect(m_indicators, &IndicatorPanel::addWanted, this, [this](const IndicatorEntry &entry) {
         if (ChartPane *pane = m_deck->active())
             addIndicator(*pane, entry);
@@ -153,6 +156,18 @@ void MainWindow::addIndicator(ChartPane &pane, const IndicatorEntry &entry) {
     mvwcDpaList list{1, &item};
     m_host.sendToModule(ToModule::AddIndicators, int(pane.window()), toWord(&list));
     scheduleChartState();
+    tellWithoutSource(entry);
+}
+
+// A chart says nothing where an indicator finds no source in it.
+void MainWindow::tellWithoutSource(const IndicatorEntry &entry) {
+    const FormulaKind *kind = findFormulaKind(entry.internalName);
+    if (!kind || !kind->needsSource || !m_deck->active())
+        return;
+    if (m_host.subscriptions().objects(m_deck->active()->window()).empty())
+        tell(Level::Warning, tr("An indicator is built on a series: add a symbol to the chart first."));
+    else if (activeInstrument() && activePeriod().isTick())
+        tell(Level::Warning, tr("Indicators are not built on ticks: choose a longer time frame first."));
 }
 
 // The first change gives the slider the range of this chart, the second keeps to it.
@@ -186,6 +201,18 @@ Period MainWindow::activePeriod() const {
         return Period{period.period, period.lenPeriod}.normalised();
     }
     return Period{'I', 5};
+}
+
+// The period of the active chart, or the finest that the symbol has quotes of. Ticks and bars do not stand on
+// one chart, and so ticks stay ticks beside others.
+Period MainWindow::periodFor(const QString &symbol, const CalculatedObject *neighbour) {
+    const Period wanted = activePeriod();
+    const SymbolHistory *history = m_services.quotes->history(symbol);
+    const std::optional<Period> finest = history ? history->finest() : std::nullopt;
+    if (!finest || finest->seconds() <= wanted.seconds() || (neighbour && wanted.isTick()))
+        return wanted;
+    tell(Level::Message, tr("%1 has no quotes finer than %2.").arg(symbol, finest->longName()));
+    return *finest;
 }
 
 Side MainWindow::activeSide() const {
@@ -223,8 +250,13 @@ void MainWindow::showChartState() {
         timeframe->setEnabled(instrument != nullptr);
         timeframe->setChecked(instrument && Period::fromName(timeframe->data().toString()) == period);
     }
-    for (QWidget *control : std::initializer_list<QWidget *>{m_zoomOut, m_zoomSlider, m_zoomIn, m_lastCandle})
-        control->setEnabled(m_deck->active() != nullptr);
+    const ChartPane *pane = m_deck->active();
+    const bool filled = pane && !m_host.subscriptions().objects(pane->window()).empty();
+    for (QWidget *control : std::initializer_list<QWidget *>{m_zoomOut, m_zoomSlider, m_zoomIn})
+        control->setEnabled(filled);
+    m_lastCandle->setEnabled(pane != nullptr);
+    for (const char *name : {"viewCloseChart", "viewNextChart"})
+        action(QString::fromLatin1(name))->setEnabled(pane != nullptr);
     // With no button checked none of a group's may stay so.
     const int type = instrument ? int(activeSide()) : -1;
     for (QAction *price : m_types->actions()) {
@@ -260,9 +292,22 @@ void MainWindow::setTimeframe(int item) {
     if (!m_deck->active())
         return;
     coreChartWindow window{m_host.moduleHandle(), fromWord<CRGraphWidget>(m_deck->active()->window())};
+    const auto periods = [this] {
+        std::vector<Period> result;
+        for (const Handle handle : m_host.subscriptions().objects(m_deck->active()->window())) {
+            const std::shared_ptr<CalculatedObject> object = m_host.objects().find(handle);
+            if (object && object->isInstrument())
+                result.push_back(periodOf(object->period()));
+        }
+        return result;
+    };
+    const std::vector<Period> before = periods();
     mwiPanelState state{1, item};
     m_host.sendToModule(ToModule::PanelState, toWord(&window), toWord(&state));
     scheduleChartState();
+    // Of several, a chart changes those of the pane that was clicked last.
+    if (m_deck->active() && before.size() > 1 && periods() == before)
+        tell(Level::Message, tr("Several symbols are on this chart: click the pane whose time frame is to change."));
 }
 
 // 0 "Middle", 1 "Bid", 2 "Ask", of all charts.

@@ -24,6 +24,7 @@ class ChartPane;
 class DealingHistoryService;
 class DealingService;
 class EventService;
+class GuideWindow;
 class Host;
 class IndicatorPanel;
 struct IndicatorEntry;
@@ -131,11 +132,14 @@ private:
     const CalculatedObject *activeInstrument() const;
     Period activePeriod() const;
     Side activeSide() const;
+    Period periodFor(const QString &symbol, const CalculatedObject *neighbour);
+    void tellWithoutSource(const IndicatorEntry &entry);
     void refreshSymbols();
     void showQuotes();
     void raisePanel(int panel);
     void openReport();
     void showAbout();
+    void showGuide();
     void askForQuoteFile();
     void askForPicture();
 
@@ -166,6 +170,7 @@ private:
     QSlider *m_zoomSlider = nullptr;
     QLabel *m_message = nullptr;
     QProgressBar *m_progress = nullptr;
+    GuideWindow *m_guide = nullptr;
     std::map<unsigned, QLabel *> m_statusPanes;
     std::vector<Caption> m_captions;
     std::vector<std::pair<QMenu *, const char *>> m_menus;

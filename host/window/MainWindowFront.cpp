@@ -19,6 +19,7 @@
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QStatusBar>
+#include <QStyle>
 #include <QToolButton>
 #include <QUrl>
 
@@ -28,6 +29,11 @@ void MainWindow::tell(Level level, const QString &sentence) {
     m_journal.add(level, QStringLiteral("Desk"), sentence);
     m_message->setText(sentence);
     m_message->setToolTip(sentence);
+    m_message->setProperty("level", int(level) >= int(Level::Error)     ? QStringLiteral("error")
+                                    : int(level) >= int(Level::Warning) ? QStringLiteral("warning")
+                                                                        : QString());
+    m_message->style()->unpolish(m_message);
+    m_message->style()->polish(m_message);
 }
 
 void MainWindow::progress(const QString &what, int percent) {
@@ -106,9 +112,10 @@ void MainWindow::askForLogin() {
     tell(Level::Warning, tr("The practice account takes no orders: log in to a dealing account first."));
 }
 
-void MainWindow::openHelp(const QString &page) {
-    tell(Level::Message,
-         tr("Help page %1: the keys and gestures of the charts are in the user guide.").arg(page));
+// The guide is one page: every question for help leads to it.
+void MainWindow::openHelp(const QString &) {
+    if (!m_unattended)
+        showGuide();
 }
 
 void MainWindow::openAlert(const QString &symbol) {

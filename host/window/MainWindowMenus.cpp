@@ -9,6 +9,7 @@
 #include "host/quotes/QuoteBook.h"
 #include "host/window/ChartDeck.h"
 #include "host/window/ChartPane.h"
+#include "host/window/GuideWindow.h"
 #include "host/window/IndicatorPanel.h"
 #include "host/window/InformationPanel.h"
 #include "host/window/LogPanel.h"
@@ -174,15 +175,10 @@ void MainWindow::makeMenus() {
     QMenu *file = menu(QT_TR_NOOP("&File"));
     QAction *open = addAction(file, "fileOpen", QT_TR_NOOP("&Open quotes..."), QKeySequence::Open);
     QAction *picture = addAction(file, "filePicture", QT_TR_NOOP("Save &picture..."), QKeySequence::Save);
-    QAction *print = addAction(file, "filePrint", QT_TR_NOOP("Print &chart..."), QKeySequence::Print);
     file->addSeparator();
     QAction *quit = addAction(file, "fileQuit", QT_TR_NOOP("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(open, &QAction::triggered, this, &MainWindow::askForQuoteFile);
     connect(picture, &QAction::triggered, this, &MainWindow::askForPicture);
-    connect(print, &QAction::triggered, this, [this] {
-        if (m_deck->active())
-            m_host.sendToModule(ToModule::Print, int(m_deck->active()->window()));
-    });
     connect(quit, &QAction::triggered, this, &QWidget::close);
 
     QMenu *view = menu(QT_TR_NOOP("&View"));
@@ -250,7 +246,9 @@ void MainWindow::makeMenus() {
         connect(entry, &QAction::triggered, this, [this, language] { setLanguage(language); });
     }
     QMenu *help = menu(QT_TR_NOOP("&Help"));
+    QAction *guide = addAction(help, "helpGuide", QT_TR_NOOP("&Using the charts"), QKeySequence::HelpContents);
     QAction *about = addAction(help, "helpAbout", QT_TR_NOOP("&About"));
+    connect(guide, &QAction::triggered, this, &MainWindow::showGuide);
     connect(about, &QAction::triggered, this, &MainWindow::showAbout);
 }
 
@@ -287,6 +285,14 @@ void MainWindow::openReport() {
     scheduleChartState();
 }
 
+void MainWindow::showGuide() {
+    if (!m_guide)
+        m_guide = new GuideWindow(this);
+    m_guide->show();
+    m_guide->raise();
+    m_guide->activateWindow();
+}
+
 void MainWindow::showAbout() {
     const QByteArray record = m_host.moduleInfo();
     const auto &info = *reinterpret_cast<const MODULE_INFO *>(record.constData());
@@ -314,8 +320,16 @@ void MainWindow::askForQuoteFile() {
 
 void MainWindow::openQuoteFile(const QString &fileName) {
     const ImportReport report = m_services.quotes->importFile(QuoteFile::fromArgument(fileName));
-    if (report.refused)
+    if (report.refused) {
+        tell(Level::Error, report.summary);
+        if (!m_unattended) {
+            auto *box = new QMessageBox(QMessageBox::Warning, tr("Open quotes"), report.summary, QMessageBox::Ok, this);
+            box->setObjectName(QStringLiteral("refusedFile"));
+            box->setAttribute(Qt::WA_DeleteOnClose);
+            box->open();
+        }
         return;
+    }
     const SymbolHistory *history = m_services.quotes->history(report.symbol);
     if (history)
         openChart(report.symbol, Side::Bid, report.period);

@@ -342,6 +342,8 @@ void Session::restoreLook() {
     if (m_options.size.isEmpty() && settings.contains("window/geometry"))
         m_window->restoreGeometry(settings.value("window/geometry").toByteArray());
     m_window->restoreState(settings.value("window/state").toByteArray());
+    if (settings.value("charts/tabs").toBool())
+        m_window->deck().setMode(ChartDeck::Tabs);
     const QString language = settings.value("language").toString();
     if (!language.isEmpty())
         m_window->setLanguage(language);
@@ -353,6 +355,7 @@ void Session::saveLook() {
     QSettings settings(dataFolder(m_options) + QStringLiteral("/desk.ini"), QSettings::IniFormat);
     settings.setValue("window/geometry", m_window->saveGeometry());
     settings.setValue("window/state", m_window->saveState());
+    settings.setValue("charts/tabs", m_window->deck().mode() == ChartDeck::Tabs);
     settings.setValue("language", m_texts->language());
 }
 

@@ -7,6 +7,8 @@
 #include <QPixmap>
 #include <QStyleFactory>
 #include <QSvgRenderer>
+#include <algorithm>
+#include <cmath>
 
 namespace desk::theme {
 
@@ -29,7 +31,32 @@ QPixmap tinted(const QByteArray &drawing, const QColor &colour, int side) {
     return pixmap;
 }
 
+// Relative luminance, 0 to 1, as readability guidelines define it.
+double luminance(const QColor &colour) {
+    const auto linear = [](double part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor &one, const QColor &other) {
+    const double a = luminance(one), b = luminance(other);
+    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
 } // namespace
+
+QColor readable(const QColor &ink, const QColor &paper) {
+    constexpr double least = 3;
+    const bool darken = luminance(paper) > 0.18;
+    QColor result = ink.isValid() ? ink : textColour;
+    for (int step = 0; step < 20 && contrast(result, paper) < least; ++step) {
+        const double light = result.lightnessF() + (darken ? -0.05 : 0.05);
+        result = QColor::fromHslF(std::max(0.0, result.hslHueF()), result.hslSaturationF(),
+                                  qBound(0.0, light, 1.0));
+    }
+    return result;
+}
 
 QColor accent() {
     return accentColour;

@@ -18,6 +18,8 @@ QColor accent();
 QColor rise();
 QColor fall();
 QColor faint();
+// The ink itself where it can be read on the paper, else the same hue darker or lighter.
+QColor readable(const QColor &ink, const QColor &paper);
 
 } // namespace theme
 
