@@ -68,13 +68,26 @@ void DealReport::ownArrays() {
 
 void DealReport::setBase(Handle object, const mvDataPointArray *array) {
     m_base = object;
+    m_series = array;
+    follow(true);
+}
+
+bool DealReport::follow(bool rebuilt) {
+    const int bars = m_series ? m_series->count : 0;
+    if (!rebuilt && bars == m_bars)
+        return false;
+    m_bars = bars;
     std::vector<corePointValue> prices;
     std::vector<corePointValue> balances;
-    if (array) {
-        m_prices->record()->precision = array->precision;
-        m_prices->record()->coord = array->coord;
+    if (m_series) {
+        m_prices->record()->precision = m_series->precision;
+        m_prices->record()->coord = m_series->coord;
         m_prices->record()->coord.rank = 1;
-        const SourceView series(array);
+        const namePeriod period = m_series->identity.m_periods;
+        for (mvDataPointArray *line : outputs())
+            line->identity.m_periods = period;
+        m_identity.m_periods = period;
+        const SourceView series(m_series);
         double balance = startBalance;
         for (const Deal &deal : practiceDeals(series)) {
             for (int bar = deal.openBar; bar < deal.closeBar; ++bar) {
@@ -86,6 +99,7 @@ void DealReport::setBase(Handle object, const mvDataPointArray *array) {
     }
     m_prices->assign(std::move(prices));
     m_balance->assign(std::move(balances));
+    return true;
 }
 
 std::vector<mvDataPointArray *> DealReport::outputs() const {

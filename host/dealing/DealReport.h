@@ -29,8 +29,13 @@ public:
 
     const QString &symbol() const { return m_symbol; }
     void ownArrays(); // writes the object's handle into its arrays
-    // Takes the series of the symbol, and whose it is; a null array leaves the report empty.
+    // Takes the series of the symbol, and whose it is; a null array leaves the report empty. The array stays
+    // where it is as long as its object lives.
     void setBase(Handle object, const mvDataPointArray *array);
+    Handle base() const { return m_base; }
+    bool isBuiltOn(Handle object) const { return m_base != 0 && m_base == object; }
+    // Makes the deals anew, up to the newest finished bar. False when there is no bar more since the last time.
+    bool follow(bool rebuilt);
 
     bool isInstrument() const override { return false; }
     const coreNameInstrument &identity() const override { return m_identity; }
@@ -45,6 +50,8 @@ private:
     coreNameInstrument m_identity;
     QString m_symbol;
     Handle m_base = 0;
+    const mvDataPointArray *m_series = nullptr;
+    int m_bars = 0; // of the series when the deals were made
     std::unique_ptr<PointArray<corePointValue>> m_prices;
     std::unique_ptr<PointArray<corePointValue>> m_balance;
 };

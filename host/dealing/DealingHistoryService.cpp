@@ -8,9 +8,34 @@
 
 namespace desk {
 
-DealingHistoryService::DealingHistoryService(Host &host, QuoteBook &book)
-    : ObjectService(host), m_book(book), m_interface(registerInterface("MvDealingHistory", "VELMAR", "Practice")) {
+DealingHistoryService::DealingHistoryService(Host &host, CandleService &candles, QuoteBook &book)
+    : ObjectService(host), m_candles(candles), m_book(book),
+      m_interface(registerInterface("MvDealingHistory", "VELMAR", "Practice")) {
     take(m_interface, {ToHost::ReportSymbols});
+    m_candles.addWatcher(*this);
+}
+
+DealingHistoryService::~DealingHistoryService() {
+    m_candles.removeWatcher(*this);
+}
+
+// The practice account deals at the close of a bar: while one moves, the report stays.
+std::vector<Handle> DealingHistoryService::sourceChanged(Handle source, int first) {
+    std::vector<Handle> updated;
+    for (const std::weak_ptr<DealReport> &known : m_reports) {
+        const std::shared_ptr<DealReport> report = known.lock();
+        if (report && report->isBuiltOn(source) && host().subscriptions().hasSubscriber(report->handle()) &&
+            report->follow(first == 0))
+            updated.push_back(report->handle());
+    }
+    return updated;
+}
+
+// What nobody looked at did not follow.
+void DealingHistoryService::subscriptionChanged(Handle object, bool subscribed) {
+    const std::shared_ptr<DealReport> report = own<DealReport>(object);
+    if (report && subscribed && host().objects().find(report->base()))
+        report->follow(true);
 }
 
 bool DealingHistoryService::openReport(Handle window) {
@@ -44,7 +69,7 @@ bool DealingHistoryService::handle(Handle target, unsigned message, int wParam, 
         return true;
     case ToHost::ChangeArray:
     case ToHost::ReloadArray:
-        return true; // a report stays as it was made
+        return true; // a report follows its series
     default:
         return ObjectService::handle(target, message, wParam, lParam, result);
     }
@@ -63,6 +88,10 @@ void DealingHistoryService::create(coreDemandsIndicator &demand) {
     const auto report = std::make_shared<DealReport>(*this, m_interface, demand.sNameInstrument, symbol);
     m_inMaking = host().objects().add(report);
     report->ownArrays();
+    m_reports.erase(std::remove_if(m_reports.begin(), m_reports.end(),
+                                   [](const auto &known) { return known.expired(); }),
+                    m_reports.end());
+    m_reports.push_back(report);
     demand.handle = fromWord<void>(m_inMaking);
 }
 

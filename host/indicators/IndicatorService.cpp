@@ -21,11 +21,11 @@ IndicatorService::IndicatorService(Host &host, CandleService &candles, QuoteBook
     : ObjectService(host), m_candles(candles), m_book(book),
       m_interface(registerInterface("MVINDICATORS", "VELMAR", "BinIndicators")) {
     take(m_interface, {ToHost::IndicatorCount, ToHost::IndicatorList, ToHost::IndicatorNeedsSource});
-    m_candles.setWatcher(this);
+    m_candles.addWatcher(*this);
 }
 
 IndicatorService::~IndicatorService() {
-    m_candles.setWatcher(nullptr);
+    m_candles.removeWatcher(*this);
 }
 
 bool IndicatorService::handle(Handle target, unsigned message, int wParam, int lParam, int &result) {

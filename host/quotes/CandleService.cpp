@@ -174,11 +174,18 @@ void CandleService::displayName(int wParam) const {
 
 void CandleService::announce(Candle &candle, int first, int kind) {
     const Handle handle = candle.handle();
-    const std::vector<Handle> dependents =
-        m_watcher ? m_watcher->sourceChanged(handle, first) : std::vector<Handle>();
+    std::vector<Handle> dependents;
+    for (SourceWatcher *watcher : m_watchers) {
+        const std::vector<Handle> updated = watcher->sourceChanged(handle, first);
+        dependents.insert(dependents.end(), updated.begin(), updated.end());
+    }
     host().notifyUpdate(handle, kind);
     for (const Handle dependent : dependents)
         host().notifyUpdate(dependent, kind);
+}
+
+void CandleService::removeWatcher(SourceWatcher &watcher) {
+    m_watchers.erase(std::remove(m_watchers.begin(), m_watchers.end(), &watcher), m_watchers.end());
 }
 
 void CandleService::lookChanged(Candle &candle) {

@@ -25,7 +25,8 @@ public:
     bool handle(Handle target, unsigned message, int wParam, int lParam, int &result) override;
 
     Handle interfaceHandle() const { return m_interface; }
-    void setWatcher(SourceWatcher *watcher) { m_watcher = watcher; }
+    void addWatcher(SourceWatcher &watcher) { m_watchers.push_back(&watcher); }
+    void removeWatcher(SourceWatcher &watcher);
     // The series of a symbol, made when it is not there yet; null for an unknown symbol or period.
     std::shared_ptr<Candle> series(const QString &symbol, Side side, Period period, quint32 uniqueNumber = 0);
     // The series is to be drawn in another way.
@@ -44,7 +45,7 @@ private:
 
     QuoteBook &m_book;
     Handle m_interface;
-    SourceWatcher *m_watcher = nullptr;
+    std::vector<SourceWatcher *> m_watchers;
     std::vector<std::weak_ptr<Candle>> m_candles;
     QObject m_context; // ends the connections with the service
 };

@@ -199,7 +199,7 @@ void Session::makeServices() {
     m_properties->takeWindow(m_windows->interfaceHandle());
     m_candles = &m_host->addService<CandleService>(*m_book);
     m_host->addService<IndicatorService>(*m_candles, *m_book);
-    DealingHistoryService &reports = m_host->addService<DealingHistoryService>(*m_book);
+    DealingHistoryService &reports = m_host->addService<DealingHistoryService>(*m_candles, *m_book);
     subscriptions.windowGone = [this](Handle window) { m_properties->windowGone(window); };
     m_window->setServices({m_windows, m_events, m_texts, m_properties, m_dealing, &reports, m_book.get()});
 }

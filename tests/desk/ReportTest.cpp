@@ -1,6 +1,7 @@
 // The report of the practice account's deals: its arithmetic, and its chart.
 #include "host/dealing/DealReport.h"
 #include "host/indicators/SourceView.h"
+#include "host/quotes/QuoteBook.h"
 #include "module/HostRecords.h"
 #include "tests/desk/DeskFixture.h"
 #include <QTimer>
@@ -76,6 +77,46 @@ TEST_F(DeskTest, AReportOpensInAChartOfItsOwn) {
         EXPECT_EQ(+object->outputs()[0]->owner, fromWord<void>(handle));
     }
     EXPECT_EQ(reports, 1);
+}
+
+TEST_F(DeskTest, AReportGoesOnWithItsSeries) {
+    startWithOneChart();
+    QTimer user;
+    QObject::connect(&user, &QTimer::timeout, [] {
+        if (QWidget *modal = QApplication::activeModalWidget())
+            QTest::keyClick(modal, Qt::Key_Return);
+    });
+    user.start(50);
+    window().action("accountReport")->trigger();
+    user.stop();
+    std::shared_ptr<CalculatedObject> report;
+    for (const Handle handle : session().host().subscriptions().objects(deck().active()->window())) {
+        const auto object = session().host().objects().find(handle);
+        if (!object->isInstrument())
+            report = object;
+    }
+    ASSERT_TRUE(report);
+    const int before = report->outputs()[1]->count;
+    ASSERT_GT(before, 0);
+    // Bars that fall far below their average, and then rise far above it, turn the position twice.
+    const CalculatedObject *series = instrument();
+    qint64 time = qint64(SourceView(series->outputs().front()).time(series->outputs().front()->count - 1)) * 1000;
+    const QString handle = QStringLiteral("object 0x%1 window").arg(report->handle(), 0, 16);
+    const int told = countTraced(handle);
+    for (int bar = 0; bar < 40; ++bar) {
+        time += 3600000;
+        const float price = bar < 20 ? 1.0f : 1.3f;
+        ASSERT_TRUE(session().book().quote("EUR/USD", {time, price, price + 0.0002f, 1}));
+    }
+    EXPECT_GT(+report->outputs()[1]->count, before);
+    EXPECT_GT(countTraced(handle), told);
+    EXPECT_EQ(+report->outputs()[0]->count, +report->outputs()[1]->count);
+    // Another period of the series makes another report.
+    QTest::qWait(50);
+    const int hours = report->outputs()[1]->count;
+    click(buttonOf("periodBar", "period_H3"));
+    QTest::qWait(20);
+    EXPECT_LT(+report->outputs()[1]->count, hours);
 }
 
 TEST_F(DeskTest, AReportThatIsLeftLeavesNoChart) {
