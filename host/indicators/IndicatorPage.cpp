@@ -69,7 +69,7 @@ std::unique_ptr<Page> Indicator::page() const {
         look.name = output.name;
         look.index = lookGroup + i;
         look.items.append(
-            itemOf(PageItem::Colour, look.index, ItemColour, text("Colour"), QColor(show.secondColor)));
+            itemOf(PageItem::Colour, look.index, ItemColour, text("Color"), QColor(show.secondColor)));
         PageItem weight = itemOf(PageItem::Int, look.index, ItemWeight, text("Line width"), show.weightPen);
         weight.minimum = 1;
         weight.maximum = widestPen;

@@ -1,6 +1,8 @@
 // What a newcomer meets: what can be found, what is told when a wish cannot be met, and what stays for the
 // next start.
 #include "host/core/Journal.h"
+#include "host/pages/PageView.h"
+#include "host/pages/PropertyDock.h"
 #include "host/window/IndicatorPanel.h"
 #include "host/window/InformationPanel.h"
 #include "host/window/SymbolPanel.h"
@@ -11,6 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QSlider>
 #include <QTextBrowser>
 #include <QTimer>
@@ -48,6 +51,21 @@ protected:
         for (const IndicatorEntry &entry : window().indicators().entries()) {
             if (entry.internalName == indicator)
                 window().addIndicator(*deck().active(), entry);
+        }
+    }
+    // Another value that a row of a page may have.
+    static QVariant change(const PageItem &item) {
+        switch (item.kind) {
+        case PageItem::Colour:
+            return QColor(0x40 + 40 * item.index, 0x80, 0xc0); // no two rows alike
+        case PageItem::Font:
+            return QFont(QStringLiteral("DejaVu Sans"), 13, QFont::Bold);
+        case PageItem::Boolean:
+            return !item.value.toBool();
+        case PageItem::List:
+            return item.value.toInt() == 0 ? 1 : 0;
+        default:
+            return item.value.toInt() + 7;
         }
     }
     // Answers every dialog with a key while it lives.
@@ -224,6 +242,44 @@ TEST_F(FirstSteps, TheGuideOpensFromTheMenuAndWhereAChartAsksForHelp) {
     EXPECT_FALSE(guide->isVisible());
     window().openHelp("gr_win1.htm");
     EXPECT_TRUE(guide->isVisible());
+}
+
+TEST_F(FirstSteps, EveryRowOfTheChartsPageActs) {
+    startWithOneChart();
+    const User user(Qt::Key_Return);
+    add("MACD");
+    settle();
+    window().properties().raiseDock();
+    deck().active()->takeFocus();
+    PropertyDock &dock = window().properties();
+    ASSERT_EQ(dock.key().owner, PageKey::Module);
+    // Rows that say how the chart acts later; what they set is on the page when it is shown again.
+    const QStringList quiet{"Show all areas in information box", "Auto-adjust with trade", "Auto-adjust with candles",
+                            "Manual test mode", "Save as default"};
+    int rows = 0;
+    const Page page = dock.view().page();
+    for (const PageGroup &group : page.groups) {
+        for (const PageItem &item : group.items) {
+            if (item.kind == PageItem::Widget)
+                continue;
+            ++rows;
+            const QImage before = chart()->grab().toImage();
+            const QVariant changed = change(item);
+            dock.view().setItemValue(item.group, item.index, changed);
+            dock.view().setChanged(true);
+            click(child<QPushButton>("applyPage"));
+            QTest::qWait(30);
+                    if (quiet.contains(item.name)) {
+                deck().active()->takeFocus();
+                const bool kept = dock.view().page().find(item.group, item.index)->value == changed;
+                EXPECT_NE(kept, item.name == "Save as default") << item.name.toStdString();
+            } else {
+                const auto differs = [&] { return chart()->grab().toImage() != before; };
+                EXPECT_TRUE(QTest::qWaitFor(differs, 3000)) << item.name.toStdString();
+            }
+        }
+    }
+    EXPECT_EQ(rows, 21);
 }
 
 TEST_F(FirstSteps, TabsAreStillTabsAtTheNextStart) {

@@ -316,12 +316,12 @@ TEST_F(IndicatorEngine, ParameterThatDropsAnOutputRebuilds) {
 TEST_F(IndicatorEngine, LookChangesWithoutNewValues) {
     const Handle ma = indicator("MA", base);
     told.clear();
-    EXPECT_EQ(set(ma, "Colour", QColor(10, 20, 30)), QString());
+    EXPECT_EQ(set(ma, "Color", QColor(10, 20, 30)), QString());
     EXPECT_EQ(+arrays(ma)[0]->typeShow.secondColor, QColor(10, 20, 30).rgb());
     ASSERT_EQ(told.size(), 1u);
     EXPECT_EQ(told[0].kind, 2);
     told.clear();
-    EXPECT_EQ(set(ma, "Colour", QColor(10, 20, 30)), QString());
+    EXPECT_EQ(set(ma, "Color", QColor(10, 20, 30)), QString());
     EXPECT_TRUE(told.empty()) << "nothing changed";
 }
 
